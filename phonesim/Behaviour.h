@@ -1,0 +1,84 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+
+/// What kind of phone this is and what is wrong with it. Everything here may be changed while the
+/// phone runs and holds from the next byte on.
+namespace phonesim {
+
+struct Identity {
+  std::string manufacturer = "Ericsson";
+  std::string modelCode = "1021011-BVT610";
+  std::string modelName = "T610";
+  std::string serial = "001017006100427";
+  std::string firmware = "R6C005 CXC125582";
+};
+
+struct Battery {
+  enum class Trend { Fixed, Charging, Draining };
+
+  int level = 85;              ///< percent, 0 to 100
+  Trend trend = Trend::Fixed;  ///< a moving level goes one percent each time it is asked for
+};
+
+enum class Silence {
+  None,
+  Obex,        ///< dead to every byte while in OBEX mode
+  Everything,  ///< dead to every byte
+};
+
+enum class ObexOperation { Connect, SetPath, Listing, Get, Put };
+
+struct ObexRefusal {
+  std::uint8_t code = 0xC3;  ///< the response code, "forbidden" unless told otherwise
+  std::size_t packet = 1;    ///< which packet of one operation meets it, counted from 1
+};
+
+struct Behaviour {
+  Identity identity;
+  Battery battery;
+
+  bool echo = false;                ///< the AT echo; ATE0 and ATE1 change it
+  bool echoRequestHeaders = false;  ///< the first reply to the Get of a file repeats its Name
+
+  std::size_t splitBytes = 0;  ///< send answers in pieces of this many bytes; 0: whole
+  std::chrono::milliseconds splitGap{0};
+  std::chrono::milliseconds answerDelay{0};
+
+  std::optional<std::size_t> dropAfterBytes;  ///< hang up once this many more bytes were sent
+
+  Silence silence = Silence::None;
+  std::optional<std::size_t> silentAfterObexPackets;  ///< answer this many more, then all is silent
+  bool keepObexOnClose = false;  ///< stay in OBEX mode when the client closes the port
+
+  std::set<std::string> refusedCommands;                  ///< such as "AT+CSCS": answered ERROR
+  std::map<std::string, std::size_t> unansweredCommands;  ///< how often more each is passed over
+  std::map<ObexOperation, ObexRefusal> refusedOperations;
+};
+
+/// One `Behaviour` for the phone's thread and for those who change it.
+class Settings {
+ public:
+  explicit Settings(Behaviour behaviour = {}) : behaviour_(std::move(behaviour)) {}
+
+  /// Calls `use` with the behaviour, to read or to change it, and hands on its result.
+  template <typename Use>
+  auto With(Use&& use) {
+    const std::lock_guard lock(mutex_);
+    return std::forward<Use>(use)(behaviour_);
+  }
+
+ private:
+  std::mutex mutex_;
+  Behaviour behaviour_;
+};
+
+}  // namespace phonesim

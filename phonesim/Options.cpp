@@ -1,0 +1,157 @@
+#include "phonesim/Options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+
+namespace phonesim {
+namespace {
+
+std::size_t Number(const std::string& text, int base = 10) {
+  std::size_t number = 0;
+  const char* end = text.data() + text.size();
+  const auto [at, error] = std::from_chars(text.data(), end, number, base);
+  if (text.empty() || error != std::errc() || at != end) {
+    throw UsageError("'" + text + "' is no number");
+  }
+  return number;
+}
+
+std::chrono::milliseconds Milliseconds(const std::string& text) {
+  return std::chrono::milliseconds(Number(text));
+}
+
+bool OnOff(const std::string& text) {
+  if (text != "on" && text != "off") throw UsageError("'" + text + "' is neither on nor off");
+  return text == "on";
+}
+
+void SetBattery(Battery& battery, const std::string& text) {
+  if (text == "charge" || text == "drain") {
+    battery.trend = text == "charge" ? Battery::Trend::Charging : Battery::Trend::Draining;
+    battery.level = text == "charge" ? 40 : 60;
+    return;
+  }
+  const std::size_t level = Number(text);
+  if (level > 100) throw UsageError("a battery holds 0 to 100 percent");
+  battery = {static_cast<int>(level), Battery::Trend::Fixed};
+}
+
+/// "put", "put=C3", "put@2" or "put=C3@2": operation, hexadecimal code, packet.
+void RefuseObex(Behaviour& behaviour, const std::string& text) {
+  static const std::map<std::string, ObexOperation> kNames = {{"connect", ObexOperation::Connect},
+                                                              {"setpath", ObexOperation::SetPath},
+                                                              {"listing", ObexOperation::Listing},
+                                                              {"get", ObexOperation::Get},
+                                                              {"put", ObexOperation::Put}};
+  const std::size_t packetAt = std::min(text.find('@'), text.size());
+  const std::size_t codeAt = std::min(text.find('='), packetAt);
+  const auto name = kNames.find(text.substr(0, codeAt));
+  if (name == kNames.end()) throw UsageError("no such operation in '" + text + "'");
+  ObexRefusal refusal;
+  if (codeAt < packetAt) {
+    refusal.code = static_cast<std::uint8_t>(
+        0x80 | Number(text.substr(codeAt + 1, packetAt - codeAt - 1), 16));
+  }
+  if (packetAt < text.size()) refusal.packet = Number(text.substr(packetAt + 1));
+  behaviour.refusedOperations[name->second] = refusal;
+}
+
+/// "AT+CBC" or "AT+CBC=2": command, how often.
+void LeaveUnanswered(Behaviour& behaviour, const std::string& text) {
+  const std::size_t end = std::min(text.rfind('='), text.size());
+  behaviour.unansweredCommands[text.substr(0, end)] =
+      end < text.size() ? Number(text.substr(end + 1)) : 1;
+}
+
+struct Option {
+  std::string name;
+  std::string value;  ///< what the help calls its value; empty for none
+  std::string help;
+  std::function<void(Options&, const std::string&)> set;
+};
+
+const std::vector<Option>& Table() {
+  using O = Options;
+  using T = std::string;
+  static const std::vector<Option> kTable = {
+      {"--link", "PATH", "where the phone's port is linked, such as ports/COM3",
+       [](O& o, const T& v) { o.link = v; }},
+      {"--content", "DIR", "the phone's files; filled with samples when empty or missing",
+       [](O& o, const T& v) { o.content = v; }},
+      {"--echo", "on|off", "AT echo at the start (off)",
+       [](O& o, const T& v) { o.behaviour.echo = OnOff(v); }},
+      {"--echo-headers", "", "repeat the Name in the first reply to the Get of a file",
+       [](O& o, const T&) { o.behaviour.echoRequestHeaders = true; }},
+      {"--split", "N", "send answers in pieces of N bytes",
+       [](O& o, const T& v) { o.behaviour.splitBytes = Number(v); }},
+      {"--gap", "MS", "milliseconds between the pieces (0)",
+       [](O& o, const T& v) { o.behaviour.splitGap = Milliseconds(v); }},
+      {"--delay", "MS", "think this long before each answer",
+       [](O& o, const T& v) { o.behaviour.answerDelay = Milliseconds(v); }},
+      {"--drop-after", "N", "hang up and end after N bytes",
+       [](O& o, const T& v) { o.behaviour.dropAfterBytes = Number(v); }},
+      {"--silent", "", "answer nothing",
+       [](O& o, const T&) { o.behaviour.silence = Silence::Everything; }},
+      {"--silent-obex", "", "answer nothing in OBEX mode",
+       [](O& o, const T&) { o.behaviour.silence = Silence::Obex; }},
+      {"--silent-after", "N", "fall silent after N OBEX packets",
+       [](O& o, const T& v) { o.behaviour.silentAfterObexPackets = Number(v); }},
+      {"--refuse", "CMD", "answer ERROR to this AT command; may be repeated",
+       [](O& o, const T& v) { o.behaviour.refusedCommands.insert(v); }},
+      {"--refuse-obex", "OP[=CODE][@N]",
+       "refuse connect, setpath, listing, get or put, at its packet N, with CODE (C3)",
+       [](O& o, const T& v) { RefuseObex(o.behaviour, v); }},
+      {"--unanswered", "CMD[=K]", "leave an AT command unanswered K times (1)",
+       [](O& o, const T& v) { LeaveUnanswered(o.behaviour, v); }},
+      {"--battery", "N|charge|drain", "the battery's percentage (85), or a moving one",
+       [](O& o, const T& v) { SetBattery(o.behaviour.battery, v); }},
+      {"--manufacturer", "T", "the answer to AT+CGMI",
+       [](O& o, const T& v) { o.behaviour.identity.manufacturer = v; }},
+      {"--model-code", "T", "the answer to AT+CGMM",
+       [](O& o, const T& v) { o.behaviour.identity.modelCode = v; }},
+      {"--model-name", "T", "the answer to AT+GMM",
+       [](O& o, const T& v) { o.behaviour.identity.modelName = v; }},
+      {"--reports", "FILE", "write breaches of the protocol here as well",
+       [](O& o, const T& v) { o.reports = v; }},
+      {"--verbose", "", "print all that crosses the wire",
+       [](O& o, const T&) { o.verbose = true; }},
+      {"--help", "", "print this text", [](O& o, const T&) { o.help = true; }},
+  };
+  return kTable;
+}
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+  Options options;
+  for (std::size_t at = 0; at < arguments.size(); ++at) {
+    const std::string& name = arguments[at];
+    const auto option = std::find_if(Table().begin(), Table().end(),
+                                     [&name](const Option& o) { return o.name == name; });
+    if (option == Table().end()) throw UsageError("unknown option " + name);
+    const bool wantsValue = !option->value.empty();
+    if (wantsValue && at + 1 == arguments.size()) throw UsageError(name + " needs a value");
+    option->set(options, wantsValue ? arguments[++at] : std::string());
+  }
+  if (options.help) return options;
+  if (options.link.empty()) throw UsageError("--link is missing");
+  if (options.content.empty()) throw UsageError("--content is missing");
+  return options;
+}
+
+std::string HelpText() {
+  std::string text =
+      "tessarin-phonesim --link PATH --content DIR [option ...]\n\n"
+      "A simulated phone on a pseudo terminal. It runs until SIGTERM or SIGINT.\n\n";
+  for (const Option& option : Table()) {
+    std::string left = "  " + option.name + (option.value.empty() ? "" : " " + option.value);
+    left.resize(std::max<std::size_t>(left.size() + 1, 31), ' ');
+    text += left + option.help + "\n";
+  }
+  return text +
+         "\nExit status: 0 well, 1 no port or folder, 2 wrong options, 3 the client broke the "
+         "protocol.\n";
+}
+
+}  // namespace phonesim

@@ -1,0 +1,201 @@
+#include "phonesim/Phone.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "phonesim/FolderBrowsing.h"
+#include "phonesim/Utf.h"
+
+namespace phonesim {
+namespace {
+
+constexpr std::array<std::uint8_t, 3> kDisconnect = {0x81, 0x00, 0x03};
+constexpr std::string_view kBackInAtMode = "\r\nOK\r\n";
+
+/// A whole packet of OBEX where a command line should begin; 81 is left to the line reader.
+bool IsObexInAtMode(ByteView bytes) { return bytes[0] != kDisconnect[0] && IsObexOpcode(bytes[0]); }
+
+bool LooksLikeAt(ByteView bytes) {
+  return bytes.size() >= 2 && (bytes[0] & ~0x20) == 'A' && (bytes[1] & ~0x20) == 'T';
+}
+
+}  // namespace
+
+Phone::Phone(const std::filesystem::path& content, Settings& settings, Reports& reports)
+    : settings_(settings),
+      reports_(reports),
+      files_(content),
+      basics_(settings),
+      obex_(settings, reports) {
+  basics_.AddTo(commands_);
+  obex_.Add(FolderBrowsing::Row(files_, settings));
+}
+
+void Phone::Receive(ByteView bytes) {
+  while (!bytes.empty() && !Silent()) {
+    if (obexMode_) {
+      ReceiveObex(bytes);
+      break;
+    }
+    bytes = ReceiveAt(bytes);
+  }
+  FlushEcho();
+  ReportStray();
+}
+
+std::vector<Phone::Output> Phone::Take() { return std::exchange(outputs_, {}); }
+
+bool Phone::Silent() {
+  const Silence silence = settings_.With([](const Behaviour& b) { return b.silence; });
+  return silence == Silence::Everything || (silence == Silence::Obex && obexMode_);
+}
+
+/// Takes bytes up to the end of a command, and returns the others.
+ByteView Phone::ReceiveAt(ByteView bytes) {
+  if (!line_.Started() && IsObexInAtMode(bytes)) {
+    reports_.Add("OBEX packet in AT mode", bytes);
+    return {};
+  }
+  while (!bytes.empty()) {
+    const AtLine::Event event = line_.Take(bytes[0]);
+    bytes = bytes.subspan(1);
+    if (event == AtLine::Event::None) continue;
+    FlushEcho();
+    ReportStray();
+    if (event == AtLine::Event::Line) {
+      RunCommand(line_.TakeLine());
+    } else {
+      BeginAnswer(kDisconnect);
+      Send(kDisconnect);
+    }
+    return bytes;
+  }
+  return bytes;
+}
+
+void Phone::RunCommand(const std::string& line) {
+  const AtCall call = ParseAtCall(line);
+  BeginAnswer(ToBytes(line));
+  if (PassedOver(call.name)) return;
+  const AtAnswer answer = Answer(call, line);
+  Send(ToBytes(FormatAtAnswer(answer)));
+  if (answer.result == AtAnswer::Result::Connect) {
+    obexMode_ = true;
+    obex_.Open();
+  }
+}
+
+AtAnswer Phone::Answer(const AtCall& call, const std::string& line) {
+  const bool refused = settings_.With([&](const Behaviour& b) {
+    return b.refusedCommands.contains(call.name) || b.refusedCommands.contains(line);
+  });
+  if (refused) return {AtAnswer::Result::Error, {}};
+  AtAnswer answer{AtAnswer::Result::Unknown, {}};
+  if (IsPlainUtf8(line)) answer = commands_.Run(call);
+  if (answer.result == AtAnswer::Result::Unknown) {
+    reports_.Add("unknown AT command " + line, ToBytes(line));
+  }
+  return answer;
+}
+
+/// True while this command is one of those to be left without an answer.
+bool Phone::PassedOver(const std::string& name) {
+  return settings_.With([&name](Behaviour& b) {
+    const auto left = b.unansweredCommands.find(name);
+    if (left == b.unansweredCommands.end() || left->second == 0) return false;
+    --left->second;
+    return true;
+  });
+}
+
+/// Takes all the bytes there are. What is no packet, or follows one whose answer the client has not
+/// seen, is reported and thrown away, so that the next request finds the phone ready.
+void Phone::ReceiveObex(ByteView bytes) {
+  if (packet_.empty() && !IsObexOpcode(bytes[0])) {
+    reports_.Add(LooksLikeAt(bytes) ? "AT text in OBEX mode" : "no OBEX packet", bytes);
+    return;
+  }
+  const std::size_t headLeft = packet_.size() < 3 ? 3 - packet_.size() : 0;
+  const ByteView head = bytes.first(std::min(headLeft, bytes.size()));
+  Append(packet_, head);
+  bytes = bytes.subspan(head.size());
+  if (packet_.size() < 3) return;
+
+  const std::size_t length = Read16(ByteView(packet_).subspan(1));
+  if (length < 3 || length > kObexPacketLimit) {
+    Append(packet_, bytes);
+    BeginAnswer(packet_);
+    reports_.Add(length < 3 ? "packet length below 3" : "packet of more than 512 bytes", packet_);
+    Send(ObexResponse(obex::kBadRequest));
+    packet_.clear();
+    return;
+  }
+  const ByteView body = bytes.first(std::min(length - packet_.size(), bytes.size()));
+  Append(packet_, body);
+  if (packet_.size() < length) return;
+  AnswerPacket();
+  const ByteView behind = bytes.subspan(body.size());
+  if (!behind.empty()) reports_.Add("bytes behind the end of a packet", behind);
+}
+
+void Phone::AnswerPacket() {
+  const Bytes packet = std::exchange(packet_, {});
+  if (!ObexAnswersLeft()) return;
+  BeginAnswer(packet);
+  Bytes reply = obex_.Answer(packet);
+  if (obex_.Closed()) {
+    obexMode_ = false;
+    Append(reply, kBackInAtMode);
+  }
+  Send(reply);
+}
+
+bool Phone::ObexAnswersLeft() {
+  return settings_.With([](Behaviour& b) {
+    if (!b.silentAfterObexPackets) return true;
+    if (*b.silentAfterObexPackets == 0) {
+      b.silence = Silence::Everything;
+      return false;
+    }
+    --*b.silentAfterObexPackets;
+    return true;
+  });
+}
+
+void Phone::Stalled() {
+  reports_.Add("packet shorter than its length", packet_);
+  packet_.clear();
+  Send(ObexResponse(obex::kBadRequest));
+}
+
+void Phone::LineClosed() {
+  if (!packet_.empty()) reports_.Add("packet cut off by closing the port", packet_);
+  packet_.clear();
+  line_.Clear();
+  outputs_.clear();
+  answering_ = false;
+  if (!settings_.With([](const Behaviour& b) { return b.keepObexOnClose; })) obexMode_ = false;
+}
+
+void Phone::FlushEcho() {
+  const Bytes echo = line_.TakeEcho();
+  if (echo.empty() || !settings_.With([](const Behaviour& b) { return b.echo; })) return;
+  outputs_.push_back({false, echo});
+}
+
+void Phone::ReportStray() {
+  const Bytes stray = line_.TakeStray();
+  if (!stray.empty()) reports_.Add("bytes that belong to no command", stray);
+}
+
+void Phone::BeginAnswer(ByteView request) {
+  if (answering_) reports_.Add("request before the answer to the one before", request);
+}
+
+void Phone::Send(ByteView bytes) {
+  answering_ = true;
+  outputs_.push_back({true, Bytes(bytes.begin(), bytes.end())});
+}
+
+}  // namespace phonesim

@@ -1,0 +1,39 @@
+#include "Program.h"
+
+#include "core/SubMain.h"
+#include "core/TextIndex.h"
+
+namespace tessarin {
+
+Program::Program(WindowHost& host, const ProgramFolders& folders)
+    : host_(host),
+      files_(folders.application, folders.shipped),
+      registry_(folders.registryFile),
+      language_(files_),
+      portMap_(folders.application / "ports", folders.devices),
+      port_(portMap_, [this] { host_.YieldToScreen(); }),
+      com_(port_, portMap_),
+      at_(com_),
+      obex_(com_),
+      fileService_(com_,
+                   [this](FileService::Failure failure) {
+                     session_.ShowError(failure == FileService::Failure::Get
+                                            ? text::error::kReceiveFile
+                                            : text::error::kSendFile);
+                   }),
+      link_{port_, port_, com_, at_, obex_, fileService_},
+      session_({host, files_, registry_, language_, clock_, port_}),
+      busyWindow_(session_),
+      supervisor_(session_, link_),
+      filePage_(session_, link_, busyWindow_),
+      phonebookLists_(files_) {
+  host_.SetMainWindow(session_);
+  session_.AddPart(phonebookLists_);
+  session_.AddPage(filePage_);
+}
+
+void Program::Start() {
+  host_.RunEvent([this] { SubMain(session_, registry_); });
+}
+
+}  // namespace tessarin

@@ -1,0 +1,26 @@
+// The two code pages in which the phone and the files carry text.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "codecs/Text.h"
+
+namespace tessarin {
+
+inline constexpr int kUtf7 = 65000;  // RFC 2152
+inline constexpr int kUtf8 = 65001;
+
+// The bytes of `text` in the code page. A surrogate without its partner becomes U+FFFD.
+// Throws ConversionError for another page.
+std::string Encode(TextView text, int codePage);
+
+// The text of the bytes. Malformed input never fails:
+//   - UTF-8: each byte of no well-formed sequence becomes U+FFFD;
+//   - UTF-7: a "+" run that is not well-formed stays as it stands, and so does, as U+0080 to
+//   U+00FF,
+//     a byte above 0x7F.
+// Throws ConversionError for another page.
+Text Decode(std::string_view bytes, int codePage);
+
+}  // namespace tessarin

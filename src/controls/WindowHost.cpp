@@ -1,0 +1,110 @@
+#include "controls/WindowHost.h"
+
+#include <algorithm>
+
+#include "codecs/Faults.h"
+
+namespace tessarin {
+
+void WindowHost::Show(Window& window, Modality modality) {
+  if (!window.loaded_) {
+    window.loaded_ = true;
+    loaded_.push_back(&window);
+    window.FormLoad();
+    if (!window.loaded_) return;  // it unloaded itself while loading
+  }
+  DoShow(window, modality);
+  if (modality == Modality::Modal) RaiseIfEnding();
+}
+
+void WindowHost::Unload(Window& window) {
+  if (!window.loaded_) return;
+  window.loaded_ = false;
+  std::erase(loaded_, &window);
+  if (&window == main_) ending_ = true;
+  window.FormUnload();
+  DoUnload(window);
+  if (&window == main_) DoQuit();
+}
+
+void WindowHost::UnloadOthers(const Window& window) {
+  const auto loaded = loaded_;
+  for (Window* other : loaded) {
+    if (other != &window) Unload(*other);
+  }
+}
+
+void WindowHost::Forget(Window& window) {
+  if (!window.loaded_) return;
+  window.loaded_ = false;
+  std::erase(loaded_, &window);
+  DoUnload(window);
+}
+
+Answer WindowHost::MessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
+  const Answer answer = DoMessageBox(text, kind, buttons);
+  RaiseIfEnding();
+  return answer;
+}
+
+std::optional<std::filesystem::path> WindowHost::AskSaveFile(const FileQuestion& question) {
+  auto answer = DoAskSaveFile(question);
+  RaiseIfEnding();
+  return answer;
+}
+
+std::optional<std::filesystem::path> WindowHost::AskOpenFile(const FileQuestion& question) {
+  auto answer = DoAskOpenFile(question);
+  RaiseIfEnding();
+  return answer;
+}
+
+void WindowHost::YieldToScreen() {
+  RaiseIfEnding();
+  DoYield();
+  RaiseIfEnding();
+}
+
+void WindowHost::RaiseIfEnding() const {
+  if (ending_) throw ProgramEnding();
+}
+
+void WindowHost::RunEvent(const std::function<void()>& event) {
+  if (ending_) return;
+  ++depth_;
+  try {
+    event();
+  } catch (const ProgramEnding&) {
+  } catch (const Fault& fault) {
+    ReportFault(fault.Message());
+  } catch (const std::exception& fault) {
+    ReportFault(FromUtf8(fault.what()));
+  }
+  --depth_;
+  if (ending_) EndIfOutermost();
+}
+
+// The box stands while the program is ending already, so that no tick can run into the same fault
+// behind it.
+void WindowHost::ReportFault(const Text& message) {
+  if (ending_) return;
+  ending_ = true;
+  DoMessageBox(message, MessageKind::Error, MessageButtons::Ok);
+}
+
+void WindowHost::RequestEnd() {
+  ending_ = true;
+  EndIfOutermost();
+}
+
+void WindowHost::EndIfOutermost() {
+  if (depth_ > 0) {
+    DoEndModals();
+  } else if (main_ != nullptr && main_->loaded_) {
+    Unload(*main_);
+  } else {
+    DoQuit();
+  }
+}
+
+}  // namespace tessarin

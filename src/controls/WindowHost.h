@@ -1,0 +1,98 @@
+#pragma once
+
+// What the logic asks of a window system, and the rules of life that hold in every one: how windows
+// come and go, where a fault ends up, and how the program ends while something waits.
+
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "codecs/Text.h"
+#include "controls/Window.h"
+
+namespace tessarin {
+
+enum class Modality { Modeless, Modal };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageKind { Information, Question, Error };
+enum class Answer { Ok, Cancel, Yes, No };
+
+struct FileQuestion {
+  Text caption;
+  Text filter;         // words for the kind of file, such as "Rich Text"
+  std::string suffix;  // such as "rtf", without the point; empty for any
+  std::filesystem::path folder;
+  Text suggestedName;
+};
+
+// Unwinds whatever waits for the phone or for the user once the program has begun to end. It is no
+// fault and nobody but RunEvent catches it.
+struct ProgramEnding {};
+
+class WindowHost {
+ public:
+  WindowHost() = default;
+  virtual ~WindowHost() = default;
+  WindowHost(const WindowHost&) = delete;
+  WindowHost& operator=(const WindowHost&) = delete;
+
+  // The window whose unload ends the program. Set once, before anything is shown.
+  void SetMainWindow(Window& window) { main_ = &window; }
+
+  // See Window. Unloading the main window unloads nothing else by itself: its own unload moment
+  // does that.
+  void Show(Window& window, Modality modality);
+  void Unload(Window& window);
+  void UnloadOthers(const Window& window);
+  void Repaint(Window& window) { DoRepaint(window); }
+  void Forget(Window& window);
+
+  // A modal box. Raises ProgramEnding when the program has begun to end meanwhile.
+  Answer MessageBox(const Text& text, MessageKind kind = MessageKind::Information,
+                    MessageButtons buttons = MessageButtons::Ok);
+  // A file to write or to read, or none when the user gives up. Raises ProgramEnding likewise.
+  std::optional<std::filesystem::path> AskSaveFile(const FileQuestion& question);
+  std::optional<std::filesystem::path> AskOpenFile(const FileQuestion& question);
+
+  // Lets the screen catch up while something waits: painting and animation, no user input. Raises
+  // ProgramEnding once the program has begun to end.
+  void YieldToScreen();
+
+  // Runs what an event, a tick or the start of the program does. A fault that rises out of it shows
+  // its text in a message box and then ends the program. Once the program is ending, further
+  // events do nothing.
+  void RunEvent(const std::function<void()>& event);
+
+  // Begins the end of the program from outside (a signal, log-out, a fault): whatever waits is
+  // unwound, and the main window is unloaded as the last thing.
+  void RequestEnd();
+  bool IsEnding() const { return ending_; }
+
+ protected:
+  virtual void DoShow(Window& window, Modality modality) = 0;  // modal: returns when taken away
+  virtual void DoUnload(Window& window) = 0;
+  virtual void DoRepaint(Window& window) = 0;
+  virtual Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) = 0;
+  virtual std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) = 0;
+  virtual std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) = 0;
+  virtual void DoYield() = 0;
+  // Makes every modal show and box return.
+  virtual void DoEndModals() = 0;
+  // The main window is gone: leave the event loop.
+  virtual void DoQuit() = 0;
+
+ private:
+  void EndIfOutermost();
+  void RaiseIfEnding() const;
+  void ReportFault(const Text& message);
+
+  Window* main_ = nullptr;
+  std::vector<Window*> loaded_;
+  int depth_ = 0;
+  bool ending_ = false;
+};
+
+}  // namespace tessarin

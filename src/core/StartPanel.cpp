@@ -1,0 +1,64 @@
+#include "core/StartPanel.h"
+
+#include "core/TextIndex.h"
+
+namespace tessarin {
+
+namespace words = text::interface_;
+
+StartPanel::StartPanel(Window& window)
+    : imgPhone(window, "imgPhone"),
+      lblHeading(window, "lblHeading"),
+      lblHint(window, "lblHint"),
+      lblBattery(window, "lblBattery"),
+      lblBatteryValue(window, "lblBatteryValue"),
+      lblStorage(window, "lblStorage"),
+      lblStorageValue(window, "lblStorageValue"),
+      lblPort(window, "lblPort"),
+      lblPortValue(window, "lblPortValue"),
+      imgBattery(window, "imgBattery"),
+      lblNext(window, "lblNext"),
+      lblStep1(window, "lblStep1"),
+      lblStep2(window, "lblStep2"),
+      lblStep3(window, "lblStep3"),
+      cmdOpenFiles(window, "cmdOpenFiles") {}
+
+void StartPanel::Update(const Session& session, const Language& language) {
+  const bool connected = session.statusPhase == kPhonePresent;
+  const auto word = [&](int index) { return language.getTSInterfaceStr(index); };
+  imgPhone.image = connected ? "phone-large" : "phone-missing";
+  lblHeading.text = connected ? language.Filled(words::kStartConnected, {session.phoneModel})
+                              : word(words::kStartNoPhone);
+  lblHint.text = word(words::kStartNoPhoneHint);
+  lblHint.visible = !connected;
+  lblNext.text = word(connected ? words::kStartNextSteps : words::kSearchHowTo);
+  lblStep1.text = word(words::kStartStepSwitchOn);
+  lblStep2.text = word(words::kStartStepConnect);
+  lblStep3.text = word(words::kStartStepWait);
+  for (Label* step : {&lblStep1, &lblStep2, &lblStep3}) step->visible = !connected;
+  cmdOpenFiles.caption = word(words::kStartOpenFiles);
+  cmdOpenFiles.image = "page-file";
+  cmdOpenFiles.visible = connected;
+
+  lblBattery.text = word(words::kStartBattery);
+  lblStorage.text = word(words::kStartStorage);
+  lblPort.text = word(words::kStartPort);
+  Text storage;
+  for (const Text& name : session.storageNames) storage += (storage.empty() ? u"" : u", ") + name;
+  lblStorageValue.text = storage;
+  lblPortValue.text = u"COM" + ToText(session.connectedPort);
+  imgBattery.accessibleName = word(words::kStartBattery);
+  for (Control* fact : {static_cast<Control*>(&lblBattery), static_cast<Control*>(&lblBatteryValue),
+                        static_cast<Control*>(&imgBattery), static_cast<Control*>(&lblStorage),
+                        static_cast<Control*>(&lblStorageValue), static_cast<Control*>(&lblPort),
+                        static_cast<Control*>(&lblPortValue)}) {
+    fact->visible = connected;
+  }
+}
+
+void StartPanel::SetBattery(const Text& level, const std::string& image) {
+  lblBatteryValue.text = level;
+  imgBattery.image = image;
+}
+
+}  // namespace tessarin

@@ -1,0 +1,161 @@
+#include "files/FilePage.h"
+
+#include "codecs/Faults.h"
+#include "controls/WindowHost.h"
+#include "core/TextIndex.h"
+#include "link/FolderListing.h"
+
+namespace tessarin {
+
+namespace {
+
+namespace words = text::interface_;
+
+constexpr char kClosed[] = "folder-closed";
+constexpr char kOpen[] = "folder-open";
+
+const char* ImageOf(const Text& extension) {
+  static const std::map<Text, const char*> images = {
+      {u"mid", "file-audio"}, {u"mp3", "file-audio"}, {u"amr", "file-audio"},
+      {u"wav", "file-audio"}, {u"imy", "file-audio"}, {u"jpg", "file-image"},
+      {u"gif", "file-image"}, {u"bmp", "file-image"}, {u"png", "file-image"},
+      {u"3gp", "file-video"}, {u"mp4", "file-video"}, {u"txt", "file-text"},
+      {u"vcf", "file-text"},  {u"vcs", "file-text"},
+  };
+  const auto image = images.find(ToLower(extension));
+  return image == images.end() ? "file" : image->second;
+}
+
+}  // namespace
+
+ListRow PhoneFileRow(const Text& name, const Text& size) {
+  const auto point = name.rfind(u'.');
+  const bool hasExtension = point != Text::npos;
+  const Text extension = hasExtension ? name.substr(point + 1) : Text();
+  ListRow row;
+  row.cells = {hasExtension ? name.substr(0, point) : name, size, extension};
+  row.image = ImageOf(extension);
+  return row;
+}
+
+FilePage::FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow)
+    : session_(session), link_(link), busyWindow_(busyWindow) {
+  session_.jobs().Set(job::kLoadFolder, [this] { Load(worker::kFileLoading); });
+  session_.jobs().Set(job::kLoadSubfolder, [this] { Load(worker::kSubfileLoading); });
+  busyWindow_.workers().Set(worker::kFileLoading, [this] { fileLoading(); });
+  busyWindow_.workers().Set(worker::kSubfileLoading, [this] { subfileLoading(); });
+  session_.tvwPhoneDir.nodeClicked.Always([this] { NodeClicked(); });
+}
+
+std::vector<ToolbarButton> FilePage::Actions() const {
+  const Language& language = session_.language();
+  return {{"Refresh", language.getTSInterfaceStr(words::kRefreshPhoneFile),
+           language.getTSInterfaceStr(words::kActionRefreshView), "refresh",
+           session_.statusPhase == kPhonePresent}};
+}
+
+void FilePage::ApplyTexts() {
+  const Language& language = session_.language();
+  const auto word = [&](int index) { return language.getTSInterfaceStr(index); };
+  session_.lvwPhoneFile.columns = {{word(words::kColumnFileName), 320},
+                                   {word(words::kColumnComputerSize), 110, true},
+                                   {word(words::kColumnFileType), 110}};
+  session_.lvwPhoneFile.accessibleName = word(words::kNamePhoneFiles);
+  session_.tvwPhoneDir.accessibleName = word(words::kNamePhoneFolders);
+  PhoneLost();
+}
+
+void FilePage::Show() { Refresh(); }
+
+void FilePage::Refresh() {
+  if (session_.statusPhase == kPhonePresent) session_.commandState = job::kLoadFolder;
+}
+
+void FilePage::NodeClicked() {
+  const auto* node = session_.tvwPhoneDir.Find(session_.tvwPhoneDir.SelectedKey());
+  const bool isRoot = node != nullptr && node->parent == nullptr;
+  session_.commandState = isRoot ? job::kLoadFolder : job::kLoadSubfolder;
+}
+
+void FilePage::PhoneLost() {
+  session_.tvwPhoneDir.Clear();
+  session_.lvwPhoneFile.Clear();
+  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(words::kPageNeedsPhone);
+  currentFolder_.clear();
+}
+
+void FilePage::Load(std::int16_t workerCode) {
+  busyWindow_.PhoneToPc(workerCode, session_.language().getTSInterfaceStr(words::kWorkFolder));
+  busyWindow_.Work();
+  session_.SetCommandIdle();
+}
+
+void FilePage::fileLoading() {
+  auto& tree = session_.tvwPhoneDir;
+  tree.Clear();
+  session_.lvwPhoneFile.Clear();
+  tree.enabled = false;
+  // The tree is of use again however the reading ends.
+  struct Enable {
+    TreeView& tree;
+    ~Enable() { tree.enabled = true; }
+  } enable{tree};
+  const Text startFolder;  // this page shows the phone from its root
+  Text xml;
+  const bool listed = ReadFolder(startFolder, xml);
+  tree.Add(u"", startFolder, session_.phoneModel, "phone", "phone");
+  tree.Select(startFolder);
+  tree.Expand(startFolder);
+  if (listed) ShowFolder(startFolder, xml);
+}
+
+void FilePage::subfileLoading() {
+  const Text key = session_.tvwPhoneDir.SelectedKey();
+  Text xml;
+  if (!ReadFolder(key, xml)) return;
+  session_.tvwPhoneDir.RemoveChildren(key);
+  ShowFolder(key, xml);
+  session_.tvwPhoneDir.Expand(key);
+}
+
+bool FilePage::ReadFolder(const Text& key, Text& xml) {
+  std::string connectionId;
+  link_.obex.EndOBEXSession();
+  const bool listed = link_.obex.ConnectFolderBrowsing(connectionId) &&
+                      link_.obex.SetPathRoot(connectionId) && WalkTo(connectionId, key) &&
+                      link_.files.GetFolderListing(connectionId, xml, kFolderListingType);
+  link_.obex.EndOBEXSession();
+  return listed;
+}
+
+bool FilePage::WalkTo(const std::string& connectionId, const Text& key) {
+  for (const Text& part : Split(key, u"\\")) {
+    if (!part.empty() && !link_.obex.SetPathDown(connectionId, part)) return false;
+  }
+  return true;
+}
+
+// A listing that is no XML is the phone's fault and costs the user this folder, not the program.
+void FilePage::ShowFolder(const Text& key, TextView xml) {
+  FolderListing listing;
+  try {
+    listing = ParseFolderListing(xml);
+  } catch (const DocumentError& fault) {
+    session_.host().MessageBox(
+        Replace(session_.language().getTSErrStr(text::error::kListingDamaged), u"###1",
+                fault.Message()),
+        MessageKind::Error);
+    return;
+  }
+  currentFolder_ = key;
+  for (const Text& folder : listing.folders) {
+    const Text path = key.empty() ? folder : key + u"\\" + folder;
+    session_.tvwPhoneDir.Add(key, path, folder, kClosed, kOpen);
+  }
+  std::vector<ListRow> rows;
+  for (const ListedFile& file : listing.files) rows.push_back(PhoneFileRow(file.name, file.size));
+  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(words::kFolderEmpty);
+  session_.lvwPhoneFile.Fill(std::move(rows));
+}
+
+}  // namespace tessarin

@@ -1,0 +1,39 @@
+#pragma once
+
+// The two contact lists of a session and the files that keep them between sessions.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "codecs/modFile.h"
+#include "core/Page.h"
+#include "phonebook/clsT610ContactList.h"
+
+namespace tessarin {
+
+class PhonebookLists : public SessionPart {
+ public:
+  // `files` must outlive the lists.
+  explicit PhonebookLists(const modFile& files) : files_(files) {}
+
+  // Null until the first phone was found.
+  std::unique_ptr<clsT610ContactList> phoneContacts;  // phone memory and SIM
+  std::unique_ptr<clsT610ContactList> tscContacts;    // the system's own contact book
+
+  // Makes both lists. Lists of an earlier connection are written first, so nothing of them is lost.
+  void PhoneFound() override;
+  void Unloading() override;
+
+ private:
+  void Save();
+
+  const modFile& files_;
+  // The saved lines of memories that were not read in this connection. They hold links and times
+  // of contacts that nobody looked at, so they go back into the file as they stand.
+  std::vector<std::string> unreadLines_;
+  // Lines of the contact book from a damaged one on, kept likewise.
+  std::vector<std::string> damagedLines_;
+};
+
+}  // namespace tessarin

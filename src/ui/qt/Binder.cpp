@@ -1,0 +1,200 @@
+#include "ui/qt/Binder.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTimer>
+
+#include "controls/WindowHost.h"
+#include "ui/qt/Convert.h"
+#include "ui/qt/Films.h"
+#include "ui/qt/Icons.h"
+
+namespace tessarin {
+
+void Binder::Follow(Control& control, std::function<void()> update) {
+  update();
+  connections_.push_back(control.changed.Connect(std::move(update)));
+}
+
+void Binder::Act(const std::function<void()>& act) { host_.RunEvent(act); }
+
+void Binder::BindState(Control& control, QWidget& widget, std::function<void()> update) {
+  widget.setObjectName(QString::fromStdString(control.name()));
+  Follow(control, [&control, &widget, update = std::move(update)] {
+    if (update != nullptr) update();
+    widget.setEnabled(control.enabled);
+    widget.setVisible(control.visible);
+    widget.setToolTip(ToQt(control.toolTip));
+    widget.setAccessibleName(ToQt(control.accessibleName));
+  });
+}
+
+QLabel* Binder::Bind(Label& label) {
+  auto* widget = new QLabel(&top_);
+  widget->setWordWrap(true);
+  widget->setTextFormat(Qt::PlainText);
+  BindState(label, *widget, [&label, widget] { widget->setText(ToQt(label.text)); });
+  return widget;
+}
+
+QLineEdit* Binder::Bind(TextBox& box) {
+  auto* widget = new QLineEdit(&top_);
+  BindState(box, *widget, [&box, widget] {
+    const QSignalBlocker quiet(widget);
+    if (box.maximumLength > 0) widget->setMaxLength(box.maximumLength);
+    if (widget->text() != ToQt(box.text)) widget->setText(ToQt(box.text));
+  });
+  connect(widget, &QLineEdit::textEdited, this, [this, &box](const QString& text) {
+    Act([&] {
+      box.text = FromQt(text);
+      box.edited();
+    });
+  });
+  return widget;
+}
+
+QPlainTextEdit* Binder::BindMultiLine(TextBox& box) {
+  auto* widget = new QPlainTextEdit(&top_);
+  BindState(box, *widget, [&box, widget] {
+    const QSignalBlocker quiet(widget);
+    if (widget->toPlainText() != ToQt(box.text)) widget->setPlainText(ToQt(box.text));
+  });
+  connect(widget, &QPlainTextEdit::textChanged, this, [this, &box, widget] {
+    Act([&] {
+      Text text = FromQt(widget->toPlainText());
+      const int limit = box.maximumLength;
+      if (limit > 0) text.resize(std::min(text.size(), static_cast<std::size_t>(limit)));
+      box.text = std::move(text);
+      box.edited();
+    });
+  });
+  return widget;
+}
+
+void Binder::BindButton(QAbstractButton& widget, Signal<>& clicked) {
+  connect(&widget, &QAbstractButton::clicked, this, [this, &clicked] { Act([&] { clicked(); }); });
+}
+
+QPushButton* Binder::Bind(Button& button) {
+  auto* widget = new QPushButton(&top_);
+  widget->setAutoDefault(false);
+  BindState(button, *widget, [&button, widget] {
+    widget->setText(ToQt(button.caption));
+    widget->setIcon(Icon(button.image));
+  });
+  BindButton(*widget, button.clicked);
+  return widget;
+}
+
+QCheckBox* Binder::Bind(CheckBox& box) {
+  auto* widget = new QCheckBox(&top_);
+  BindState(box, *widget, [&box, widget] {
+    widget->setText(ToQt(box.caption));
+    widget->setChecked(box.checked);
+  });
+  connect(widget, &QCheckBox::clicked, this, [this, &box](bool checked) {
+    Act([&] {
+      box.checked = checked;
+      box.clicked();
+    });
+  });
+  return widget;
+}
+
+namespace {
+
+// Combo box and list widget name the same steps in the same way but for the current one.
+template <class Widget, class SetCurrent>
+void FillItems(const ItemList& list, Widget& widget, SetCurrent setCurrent) {
+  const QSignalBlocker quiet(&widget);
+  widget.clear();
+  for (int index = 0; index < list.Count(); ++index) widget.addItem(ToQt(list.Item(index)));
+  setCurrent(list.Selected());
+}
+
+}  // namespace
+
+QComboBox* Binder::Bind(ComboBox& box) {
+  auto* widget = new QComboBox(&top_);
+  BindState(box, *widget, [&box, widget] {
+    FillItems(box, *widget, [widget](int index) { widget->setCurrentIndex(index); });
+  });
+  connect(widget, &QComboBox::activated, this, [this, &box](int index) {
+    Act([&] {
+      box.Select(index);
+      box.clicked();
+    });
+  });
+  return widget;
+}
+
+QListWidget* Binder::Bind(ListBox& box) {
+  auto* widget = new QListWidget(&top_);
+  BindState(box, *widget, [&box, widget] {
+    FillItems(box, *widget, [widget](int index) { widget->setCurrentRow(index); });
+  });
+  connect(widget, &QListWidget::currentRowChanged, this, [this, &box](int index) {
+    Act([&] {
+      box.Select(index);
+      box.clicked();
+    });
+  });
+  return widget;
+}
+
+QProgressBar* Binder::Bind(ProgressBar& bar) {
+  auto* widget = new QProgressBar(&top_);
+  widget->setTextVisible(false);
+  BindState(bar, *widget, [&bar, widget] {
+    widget->setMaximum(bar.maximum);
+    widget->setValue(bar.value);
+  });
+  return widget;
+}
+
+QWidget* Binder::Bind(Picture& picture, int width, int height) {
+  auto* widget = new PictureWidget(&top_);
+  widget->setMinimumSize(width, height);
+  BindState(picture, *widget, [&picture, widget] { widget->SetImage(picture.image); });
+  return widget;
+}
+
+QWidget* Binder::Bind(Animation& animation, int width, int height) {
+  auto* widget = new FilmWidget(&top_);
+  widget->setMinimumSize(width, height);
+  BindState(animation, *widget, [&animation, widget] {
+    widget->SetFilm(ToQt(animation.file));
+    widget->SetPlaying(animation.playing);
+  });
+  return widget;
+}
+
+QWidget* Binder::Bind(Panel& panel) {
+  auto* widget = new QWidget(&top_);
+  BindState(panel, *widget);
+  return widget;
+}
+
+void Binder::Bind(Timer& timer) {
+  auto* clock = new QTimer(this);
+  clock->setObjectName(QString::fromStdString(timer.name()));
+  Follow(timer, [&timer, clock] {
+    if (clock->interval() != timer.interval) clock->setInterval(timer.interval);
+    if (clock->isActive() == timer.enabled) return;
+    if (timer.enabled) {
+      clock->start();
+    } else {
+      clock->stop();
+    }
+  });
+  connect(clock, &QTimer::timeout, this, [this, &timer] { Act([&] { timer.tick(); }); });
+}
+
+}  // namespace tessarin

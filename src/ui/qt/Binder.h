@@ -1,0 +1,81 @@
+#pragma once
+
+// Binds controls to widgets: once for each kind of control, whatever the window. A layout asks for
+// the widget of each control and puts it in its place; from then on the widget follows the
+// control's state and the user's acts come in as the control's signals.
+
+#include <QObject>
+#include <functional>
+#include <vector>
+
+#include "controls/Basics.h"
+#include "controls/Grid.h"
+#include "controls/ItemList.h"
+#include "controls/ListView.h"
+#include "controls/Menu.h"
+#include "controls/StatusBar.h"
+#include "controls/Toolbar.h"
+#include "controls/TreeView.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMainWindow;
+class QMenuBar;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+class QStatusBar;
+class QTableView;
+class QToolBar;
+class QTreeView;
+class QWidget;
+
+namespace tessarin {
+
+class WindowHost;
+
+// Lives as long as the visible window. Every widget is made as a child of `top`, has the control's
+// name as its object name, and its acts run through the host's RunEvent.
+class Binder : public QObject {
+ public:
+  Binder(WindowHost& host, QWidget& top) : host_(host), top_(top) {}
+
+  QLabel* Bind(Label& label);
+  QLineEdit* Bind(TextBox& box);
+  QPlainTextEdit* BindMultiLine(TextBox& box);
+  QPushButton* Bind(Button& button);
+  QCheckBox* Bind(CheckBox& box);
+  QComboBox* Bind(ComboBox& box);
+  QListWidget* Bind(ListBox& box);
+  QTreeView* Bind(ListView& list);
+  QTreeView* Bind(TreeView& tree);
+  QTableView* Bind(Grid& grid);
+  QProgressBar* Bind(ProgressBar& bar);
+  QWidget* Bind(Picture& picture, int width, int height);
+  QWidget* Bind(Animation& animation, int width, int height);
+  QToolBar* Bind(Toolbar& bar, bool wordsBelow);
+  QStatusBar* Bind(StatusBar& bar);
+  QMenuBar* Bind(Menu& menu);
+  QWidget* Bind(Panel& panel);
+  void Bind(Timer& timer);
+
+  // Runs now, and again at each change of the control, for as long as the window is seen.
+  void Follow(Control& control, std::function<void()> update);
+  // Runs what the user did as an event of the program.
+  void Act(const std::function<void()>& act);
+
+ private:
+  // The state that every control has. `update` brings the rest.
+  void BindState(Control& control, QWidget& widget, std::function<void()> update = nullptr);
+  void BindButton(QAbstractButton& widget, Signal<>& clicked);
+
+  WindowHost& host_;
+  QWidget& top_;
+  std::vector<Connection> connections_;
+};
+
+}  // namespace tessarin

@@ -1,0 +1,193 @@
+// The bindings of lists, trees and grids.
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelection>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QTableView>
+#include <QTreeView>
+
+#include "controls/WindowHost.h"
+#include "ui/qt/Binder.h"
+#include "ui/qt/Convert.h"
+#include "ui/qt/Models.h"
+
+namespace tessarin {
+
+namespace {
+
+// A list that says in its middle why it is empty.
+class RowsWidget : public QTreeView {
+ public:
+  RowsWidget(const ListView& list, QWidget* parent) : QTreeView(parent), list_(list) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QTreeView::paintEvent(event);
+    if (list_.Count() > 0 || list_.emptyText->empty()) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
+                     Qt::AlignCenter | Qt::TextWordWrap, ToQt(list_.emptyText));
+  }
+
+ private:
+  const ListView& list_;
+};
+
+void ShowSelection(const ListView& list, QTreeView& view) {
+  QItemSelection rows;
+  for (int row = 0; row < list.Count(); ++row) {
+    if (!list.Row(row).selected) continue;
+    rows.select(view.model()->index(row, 0), view.model()->index(row, 0));
+  }
+  view.selectionModel()->select(rows,
+                                QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  if (list.Current() < 0) return;
+  const auto current = view.model()->index(list.Current(), 0);
+  view.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  view.scrollTo(current);
+}
+
+void ShowColumns(const ListView& list, QTreeView& view, std::vector<ListColumn>& shown) {
+  const auto& columns = list.columns();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const bool known = i < shown.size() && shown[i].width == columns[i].width;
+    if (!known) view.setColumnWidth(static_cast<int>(i), columns[i].width);
+    view.setColumnHidden(static_cast<int>(i), !columns[i].visible);
+  }
+  shown = columns;
+  auto* header = view.header();
+  header->setSortIndicatorShown(list.sortColumn >= 0);
+  header->setSortIndicator(list.sortColumn,
+                           list.sortAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void LookLikeAList(QTreeView& view) {
+  view.setRootIsDecorated(false);
+  view.setUniformRowHeights(true);
+  view.setAlternatingRowColors(true);
+  view.setAllColumnsShowFocus(true);
+  view.setContextMenuPolicy(Qt::CustomContextMenu);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view.header()->setSectionsClickable(true);
+  view.header()->setStretchLastSection(true);
+}
+
+// The tree's own state, brought into the widget after each reset of the model.
+void ShowNodes(const std::vector<std::unique_ptr<TreeNode>>& nodes, TreeModel& model,
+               QTreeView& view) {
+  for (const auto& node : nodes) {
+    if (!node->expanded) continue;
+    view.setExpanded(model.IndexOf(node.get()), true);
+    ShowNodes(node->children, model, view);
+  }
+}
+
+}  // namespace
+
+QTreeView* Binder::Bind(ListView& list) {
+  auto* widget = new RowsWidget(list, &top_);
+  auto* model = new ListModel(list, widget);
+  widget->setModel(model);
+  LookLikeAList(*widget);
+  auto shown = std::make_shared<std::vector<ListColumn>>();
+  BindState(list, *widget, [&list, widget, model, shown] {
+    const QSignalBlocker quiet(widget->selectionModel());
+    model->Reset();
+    widget->setSelectionMode(list.multipleSelection ? QAbstractItemView::ExtendedSelection
+                                                    : QAbstractItemView::SingleSelection);
+    ShowColumns(list, *widget, *shown);
+    ShowSelection(list, *widget);
+    widget->viewport()->update();
+  });
+  connect(widget->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this, &list, widget] {
+            std::vector<int> rows;
+            for (const auto& index : widget->selectionModel()->selectedRows()) {
+              rows.push_back(index.row());
+            }
+            Act([&] { list.SelectByUser(rows, widget->currentIndex().row()); });
+          });
+  connect(widget, &QTreeView::activated, this, [this, &list] { Act([&] { list.activated(); }); });
+  connect(widget->header(), &QHeaderView::sectionClicked, this,
+          [this, &list](int column) { Act([&] { list.columnClicked(column); }); });
+  connect(widget, &QWidget::customContextMenuRequested, this,
+          [this, &list] { Act([&] { list.contextMenuRequested(); }); });
+  return widget;
+}
+
+QTreeView* Binder::Bind(TreeView& tree) {
+  auto* widget = new QTreeView(&top_);
+  auto* model = new TreeModel(tree, widget);
+  widget->setModel(model);
+  widget->setHeaderHidden(true);
+  widget->setUniformRowHeights(true);
+  widget->setContextMenuPolicy(Qt::CustomContextMenu);
+  widget->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  BindState(tree, *widget, [&tree, widget, model] {
+    const QSignalBlocker quiet(widget);
+    const QSignalBlocker quietSelection(widget->selectionModel());
+    model->Reset();
+    ShowNodes(tree.roots(), *model, *widget);
+    widget->setCurrentIndex(model->IndexOf(tree.Find(tree.SelectedKey())));
+    widget->viewport()->update();
+  });
+  const auto chosen = [this, &tree](const QModelIndex& index) {
+    if (!index.isValid()) return;
+    const Text key = TreeModel::Node(index).key;
+    Act([&] { tree.SelectByUser(key); });
+  };
+  // A click on the selected node counts as well: it loads the folder again.
+  connect(widget, &QTreeView::clicked, this, chosen);
+  connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [widget, chosen](const QModelIndex& index) {
+            if (!widget->underMouse() || !(QGuiApplication::mouseButtons() & Qt::LeftButton)) {
+              chosen(index);
+            }
+          });
+  connect(widget, &QTreeView::expanded, this, [this, &tree](const QModelIndex& index) {
+    const Text key = TreeModel::Node(index).key;
+    Act([&] { tree.ExpandByUser(key, true); });
+  });
+  connect(widget, &QTreeView::collapsed, this, [this, &tree](const QModelIndex& index) {
+    const Text key = TreeModel::Node(index).key;
+    Act([&] { tree.ExpandByUser(key, false); });
+  });
+  connect(widget, &QWidget::customContextMenuRequested, this,
+          [this, &tree] { Act([&] { tree.contextMenuRequested(); }); });
+  return widget;
+}
+
+QTableView* Binder::Bind(Grid& grid) {
+  auto* widget = new QTableView(&top_);
+  auto* model = new GridModel(grid, widget);
+  widget->setModel(model);
+  widget->verticalHeader()->hide();
+  widget->setSelectionMode(QAbstractItemView::SingleSelection);
+  widget->setContextMenuPolicy(Qt::CustomContextMenu);
+  BindState(grid, *widget, [&grid, widget, model] {
+    const QSignalBlocker quiet(widget->selectionModel());
+    model->Reset();
+    for (int column = 0; column < grid.Columns(); ++column) {
+      widget->setColumnWidth(column, grid.ColumnWidth(column));
+    }
+    if (grid.CurrentRow() > 0) {
+      widget->setCurrentIndex(model->index(grid.CurrentRow() - 1, grid.CurrentColumn()));
+    }
+  });
+  connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this, &grid](const QModelIndex& index) {
+            if (!index.isValid()) return;
+            Act([&, row = index.row(), column = index.column()] {
+              grid.SelectByUser(row + 1, column);
+            });
+          });
+  connect(widget, &QTableView::activated, this, [this, &grid] { Act([&] { grid.activated(); }); });
+  connect(widget, &QWidget::customContextMenuRequested, this,
+          [this, &grid] { Act([&] { grid.contextMenuRequested(); }); });
+  return widget;
+}
+
+}  // namespace tessarin

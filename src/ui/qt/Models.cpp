@@ -1,0 +1,138 @@
+#include "ui/qt/Models.h"
+
+#include <QColor>
+#include <QFont>
+
+#include "ui/qt/Convert.h"
+#include "ui/qt/Icons.h"
+
+namespace tessarin {
+
+namespace {
+
+QVariant BoldFont(bool bold) {
+  if (!bold) return {};
+  QFont font;
+  font.setBold(true);
+  return font;
+}
+
+}  // namespace
+
+ListModel::ListModel(ListView& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+void ListModel::Reset() {
+  beginResetModel();
+  endResetModel();
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : list_.Count();
+}
+
+int ListModel::columnCount(const QModelIndex&) const {
+  return static_cast<int>(list_.columns().size());
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+  const ListRow& row = list_.Row(index.row());
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+      return ToQt(list_.Cell(index.row(), index.column()));
+    case Qt::DecorationRole:
+      return index.column() == 0 ? QVariant(Icon(row.image)) : QVariant();
+    case Qt::FontRole:
+      return BoldFont(row.bold);
+    case Qt::TextAlignmentRole:
+      return static_cast<int>(Qt::AlignVCenter |
+                              (list_.columns()[static_cast<std::size_t>(index.column())].numbers
+                                   ? Qt::AlignRight
+                                   : Qt::AlignLeft));
+    default:
+      return {};
+  }
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return ToQt(list_.columns()[static_cast<std::size_t>(section)].heading);
+}
+
+TreeModel::TreeModel(TreeView& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {}
+
+void TreeModel::Reset() {
+  beginResetModel();
+  endResetModel();
+}
+
+const TreeNode& TreeModel::Node(const QModelIndex& index) {
+  return *static_cast<const TreeNode*>(index.internalPointer());
+}
+
+const std::vector<std::unique_ptr<TreeNode>>& TreeModel::Children(const QModelIndex& parent) const {
+  return parent.isValid() ? Node(parent).children : tree_.roots();
+}
+
+QModelIndex TreeModel::IndexOf(const TreeNode* node) const {
+  if (node == nullptr) return {};
+  const auto& family = node->parent == nullptr ? tree_.roots() : node->parent->children;
+  int row = 0;
+  while (family[static_cast<std::size_t>(row)].get() != node) ++row;
+  return createIndex(row, 0, node);
+}
+
+QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const {
+  const auto& family = Children(parent);
+  if (row < 0 || row >= static_cast<int>(family.size()) || column != 0) return {};
+  return createIndex(row, 0, family[static_cast<std::size_t>(row)].get());
+}
+
+QModelIndex TreeModel::parent(const QModelIndex& index) const {
+  return index.isValid() ? IndexOf(Node(index).parent) : QModelIndex();
+}
+
+int TreeModel::rowCount(const QModelIndex& parent) const {
+  return static_cast<int>(Children(parent).size());
+}
+
+int TreeModel::columnCount(const QModelIndex&) const { return 1; }
+
+bool TreeModel::hasChildren(const QModelIndex& parent) const {
+  return !Children(parent).empty() || (parent.isValid() && Node(parent).mayHaveChildren);
+}
+
+QVariant TreeModel::data(const QModelIndex& index, int role) const {
+  const TreeNode& node = Node(index);
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return ToQt(node.text);
+  if (role != Qt::DecorationRole) return {};
+  return Icon(node.key == tree_.SelectedKey() ? node.selectedImage : node.image);
+}
+
+GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
+
+void GridModel::Reset() {
+  beginResetModel();
+  endResetModel();
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : std::max(0, grid_.Rows() - 1);
+}
+
+int GridModel::columnCount(const QModelIndex&) const { return grid_.Columns(); }
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  const GridCell& cell = grid_.Cell(index.row() + 1, index.column());
+  if (role == Qt::DisplayRole) return ToQt(cell.text);
+  if (role == Qt::FontRole) return BoldFont(cell.bold);
+  if (role == Qt::BackgroundRole && cell.background) return QColor(QRgb(*cell.background));
+  return {};
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || grid_.Rows() == 0) return {};
+  return ToQt(grid_.Cell(0, section).text);
+}
+
+}  // namespace tessarin

@@ -1,0 +1,216 @@
+#include "ui/qt/QtWindowHost.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMainWindow>
+#include <QMessageBox>
+
+#include "ui/qt/Convert.h"
+
+namespace tessarin {
+
+QtWindowHost::QtWindowHost(std::vector<Layout> layouts) : layouts_(std::move(layouts)) {}
+QtWindowHost::~QtWindowHost() = default;
+
+QtWindowHost::Shown* QtWindowHost::Find(const Window& window) const {
+  for (const auto& shown : shown_) {
+    if (shown->window == &window) return shown.get();
+  }
+  return nullptr;
+}
+
+QtWindowHost::Shown* QtWindowHost::FindTop(const QObject* top) const {
+  for (const auto& shown : shown_) {
+    if (shown->top.get() == top) return shown.get();
+  }
+  return nullptr;
+}
+
+QWidget* QtWindowHost::WidgetOf(const Window& window) const {
+  const Shown* shown = Find(window);
+  return shown == nullptr ? nullptr : shown->top.get();
+}
+
+// New windows stand before the one that is in front.
+QWidget* QtWindowHost::Parent() const {
+  if (QWidget* active = QApplication::activeModalWidget()) return active;
+  return shown_.empty() ? nullptr : shown_.front()->top.get();
+}
+
+QtWindowHost::Shown& QtWindowHost::Make(Window& window) {
+  auto shown = std::make_unique<Shown>();
+  for (const auto& layout : layouts_) {
+    if (layout.window == window.name()) shown->layout = &layout;
+  }
+  if (shown->layout == nullptr) throw std::logic_error("no layout for " + window.name());
+  shown->window = &window;
+  if (shown->layout->kind == Layout::Kind::Main) {
+    shown->top = std::make_unique<QMainWindow>();
+  } else {
+    shown->top = std::make_unique<QDialog>(Parent());
+  }
+  QWidget& top = *shown->top;
+  top.setObjectName(QString::fromStdString(window.name()));
+  if (shown->layout->kind == Layout::Kind::Busy) {
+    top.setWindowFlag(Qt::WindowCloseButtonHint, false);
+  }
+  shown->binder = std::make_unique<Binder>(*this, top);
+  shown->layout->layOut(window, top, *shown->binder);
+  const auto follow = [&window, &top] { top.setWindowTitle(ToQt(window.caption)); };
+  follow();
+  shown->caption = window.changed.Connect(follow);
+  top.installEventFilter(this);
+  shown_.push_back(std::move(shown));
+  return *shown_.back();
+}
+
+void QtWindowHost::DoShow(Window& window, Modality modality) {
+  Shown* known = Find(window);
+  Shown& shown = known != nullptr ? *known : Make(window);
+  QWidget& top = *shown.top;
+  if (modality == Modality::Modeless) {
+    top.show();
+    return;
+  }
+  QEventLoop loop;
+  shown.modalLoop = &loop;
+  top.setWindowModality(Qt::ApplicationModal);
+  top.show();
+  loop.exec();
+  // The window may be gone by now, and `shown` with it.
+}
+
+void QtWindowHost::DoUnload(Window& window) {
+  for (auto place = shown_.begin(); place != shown_.end(); ++place) {
+    if ((*place)->window != &window) continue;
+    const auto shown = std::move(*place);
+    shown_.erase(place);
+    if (shown->modalLoop != nullptr) shown->modalLoop->quit();
+    shown->binder->disconnect();
+    shown->top->hide();
+    // The call may come from a widget of this very window, which must outlive its own signal.
+    shown->binder.release()->deleteLater();
+    shown->top.release()->deleteLater();
+    return;
+  }
+}
+
+void QtWindowHost::DoRepaint(Window& window) {
+  if (QWidget* top = WidgetOf(window)) top->repaint();
+}
+
+void QtWindowHost::DoYield() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtWindowHost::DoEndModals() {
+  for (QDialog* box : boxes_) box->reject();
+  for (const auto& shown : shown_) {
+    if (shown->modalLoop != nullptr) shown->modalLoop->quit();
+  }
+}
+
+void QtWindowHost::DoQuit() {
+  hasQuit_ = true;
+  QCoreApplication::quit();
+}
+
+// The user closes a window, or presses Escape in it: both unload it, as an event of the program.
+bool QtWindowHost::eventFilter(QObject* watched, QEvent* event) {
+  Shown* shown = FindTop(watched);
+  if (shown == nullptr) return false;
+  const bool busy = shown->layout->kind == Layout::Kind::Busy;
+  if (event->type() == QEvent::Close) {
+    event->ignore();
+    if (!busy) RunEvent([window = shown->window] { window->Unload(); });
+    return true;
+  }
+  if (event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape &&
+      shown->layout->kind != Layout::Kind::Main) {
+    if (!busy && shown->window->escapeCloses) {
+      RunEvent([window = shown->window] { window->Unload(); });
+    }
+    return true;
+  }
+  return false;
+}
+
+int QtWindowHost::Exec(QDialog& dialog) {
+  boxes_.push_back(&dialog);
+  const int result = dialog.exec();
+  boxes_.pop_back();
+  return result;
+}
+
+Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
+  QMessageBox box(Parent());
+  box.setObjectName(QStringLiteral("MessageBox"));
+  box.setWindowTitle(QCoreApplication::applicationName());
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(text));
+  box.setIcon(kind == MessageKind::Error      ? QMessageBox::Critical
+              : kind == MessageKind::Question ? QMessageBox::Question
+                                              : QMessageBox::Information);
+  switch (buttons) {
+    case MessageButtons::Ok:
+      box.setStandardButtons(QMessageBox::Ok);
+      break;
+    case MessageButtons::OkCancel:
+      box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+      break;
+    case MessageButtons::YesNo:
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      break;
+  }
+  switch (Exec(box)) {
+    case QMessageBox::Ok:
+      return Answer::Ok;
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    default:
+      return Answer::Cancel;
+  }
+}
+
+namespace {
+
+void Prepare(QFileDialog& dialog, const FileQuestion& question) {
+  dialog.setObjectName(QStringLiteral("FileDialog"));
+  dialog.setWindowTitle(ToQt(question.caption));
+  dialog.setDirectory(QString::fromStdString(question.folder.string()));
+  if (question.suffix.empty()) return;
+  const auto suffix = QString::fromStdString(question.suffix);
+  dialog.setDefaultSuffix(suffix);
+  dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(question.filter), suffix));
+}
+
+std::optional<std::filesystem::path> Chosen(const QFileDialog& dialog) {
+  const auto files = dialog.selectedFiles();
+  if (files.isEmpty() || files.constFirst().isEmpty()) return std::nullopt;
+  return std::filesystem::path(files.constFirst().toStdString());
+}
+
+}  // namespace
+
+std::optional<std::filesystem::path> QtWindowHost::DoAskSaveFile(const FileQuestion& question) {
+  QFileDialog dialog(Parent());
+  Prepare(dialog, question);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.selectFile(ToQt(question.suggestedName));
+  return Exec(dialog) == QDialog::Accepted ? Chosen(dialog) : std::nullopt;
+}
+
+std::optional<std::filesystem::path> QtWindowHost::DoAskOpenFile(const FileQuestion& question) {
+  QFileDialog dialog(Parent());
+  Prepare(dialog, question);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return Exec(dialog) == QDialog::Accepted ? Chosen(dialog) : std::nullopt;
+}
+
+}  // namespace tessarin

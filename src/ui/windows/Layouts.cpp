@@ -1,0 +1,35 @@
+#include "ui/windows/Layouts.h"
+
+#include "core/Asking.h"
+#include "core/TessarinMenu.h"
+#include "core/bar.h"
+#include "core/frmPhoneInfo.h"
+#include "core/frmSplashFindCOM.h"
+#include "files/frmSplashTransmission.h"
+
+namespace tessarin {
+
+namespace {
+
+template <class W>
+Layout Of(const char* name, Layout::Kind kind) {
+  return {name, kind, [](Window& window, QWidget& top, Binder& bind) {
+            LayOut(static_cast<W&>(window), top, bind);
+          }};
+}
+
+}  // namespace
+
+std::vector<Layout> AllLayouts() {
+  using Kind = Layout::Kind;
+  return {
+      Of<TessarinMenu>("TessarinMenu", Kind::Main),
+      Of<Asking>("Asking", Kind::Dialog),
+      Of<bar>("bar", Kind::Busy),
+      Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
+      Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
+      Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),
+  };
+}
+
+}  // namespace tessarin

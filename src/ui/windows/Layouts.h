@@ -1,0 +1,27 @@
+#pragma once
+
+// How each window looks: one function a window, each in a file of its own, gathered in one table.
+
+#include <vector>
+
+#include "ui/qt/QtWindowHost.h"
+
+namespace tessarin {
+
+class Asking;
+class TessarinMenu;
+class bar;
+class frmPhoneInfo;
+class frmSplashFindCOM;
+class frmSplashTransmission;
+
+void LayOut(TessarinMenu& window, QWidget& top, Binder& bind);
+void LayOut(Asking& window, QWidget& top, Binder& bind);
+void LayOut(bar& window, QWidget& top, Binder& bind);
+void LayOut(frmPhoneInfo& window, QWidget& top, Binder& bind);
+void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind);
+void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind);
+
+std::vector<Layout> AllLayouts();
+
+}  // namespace tessarin

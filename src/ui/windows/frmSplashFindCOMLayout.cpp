@@ -1,0 +1,21 @@
+#include "core/frmSplashFindCOM.h"
+#include "ui/windows/Layouts.h"
+#include "ui/windows/Style.h"
+
+namespace tessarin {
+
+void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind) {
+  auto* column = Column(top);
+  column->addWidget(bind.Bind(window.Animation1, 240, 120));
+  auto* port = AsHeading(bind.Bind(window.lblPort), 1.1);
+  auto* hint = bind.Bind(window.lblHint);
+  auto* trouble = bind.Bind(window.lblTrouble);
+  for (QLabel* label : {port, hint, trouble}) column->addWidget(label);
+  port->setAlignment(Qt::AlignHCenter);
+  hint->setAlignment(Qt::AlignHCenter);
+  hint->setForegroundRole(QPalette::PlaceholderText);
+  column->addStretch(1);
+  top.setMinimumSize(440, 290);
+}
+
+}  // namespace tessarin
