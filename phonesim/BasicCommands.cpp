@@ -50,7 +50,7 @@ void BasicCommands::AddIdentity(AtCommands& commands, const std::string& name,
 }
 
 AtAnswer BasicCommands::SetEcho(const AtCall& call) {
-  if (call.argument != "" && call.argument != "0" && call.argument != "1") return Unknown();
+  if (!call.argument.empty() && call.argument != "0" && call.argument != "1") return Unknown();
   settings_.With([&call](Behaviour& b) { b.echo = call.argument == "1"; });
   return {};
 }

@@ -128,7 +128,7 @@ Bytes ObexServer::Get(const ObexPacket& packet) {
   if (!download_) return StartGet(packet);
   RequireObexHeaders(packet.headers, {});
   MeetRefusal(getKind_);
-  const Bytes reply = download_->Next();
+  Bytes reply = download_->Next();
   if (download_->Done()) EndOperation();
   return reply;
 }

@@ -164,6 +164,7 @@ bool Phone::ObexAnswersLeft() {
 }
 
 void Phone::Stalled() {
+  if (Silent()) return packet_.clear();
   reports_.Add("packet shorter than its length", packet_);
   packet_.clear();
   Send(ObexResponse(obex::kBadRequest));
@@ -171,6 +172,10 @@ void Phone::Stalled() {
 
 void Phone::LineClosed() {
   if (!packet_.empty()) reports_.Add("packet cut off by closing the port", packet_);
+  Reset();
+}
+
+void Phone::Reset() {
   packet_.clear();
   line_.Clear();
   outputs_.clear();

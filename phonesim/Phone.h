@@ -44,8 +44,11 @@ class Phone {
   /// The rest of the packet does not come: a breach, answered as a bad request.
   void Stalled();
 
-  /// The client closed the port. Like a phone whose ready line drops, it forgets half a request
-  /// and, unless told to keep it, leaves OBEX mode.
+  /// Forgets half a request and unsent answers and, unless told to keep it, leaves OBEX mode.
+  void Reset();
+
+  /// The client closed the port: `Reset`, as on a phone whose ready line drops. To leave a packet
+  /// half sent is a breach.
   void LineClosed();
 
   bool InObexMode() const { return obexMode_; }

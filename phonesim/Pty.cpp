@@ -7,6 +7,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -101,7 +102,7 @@ bool Pty::LastClientGone() {
       inotify_event event{};
       std::memcpy(&event, news.data() + at, sizeof event);
       at += static_cast<ssize_t>(sizeof event + event.len);
-      clients_ += (event.mask & IN_OPEN) != 0 ? 1 : -1;
+      clients_ = (event.mask & IN_OPEN) != 0 ? clients_ + 1 : std::max(clients_ - 1, 0);
       if (clients_ == 0) gone = true;
     }
   }

@@ -19,7 +19,8 @@ class Reports {
   std::size_t Count() const;
   void Clear();
 
-  /// Called with every new line, on the thread that found the breach.
+  /// Called with every new line, on the thread that found the breach. It must not ask this object
+  /// anything.
   void SetListener(std::function<void(const std::string&)> listener);
 
  private:

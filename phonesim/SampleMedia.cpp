@@ -133,7 +133,7 @@ Bytes MakeMidi(const Tune& tune, std::uint8_t program) {
   Append32(file, 6);
   Append16(file, 0);
   Append16(file, 1);
-  Append16(file, 2 * kTicksPerEighth);
+  Append16(file, kTicksPerEighth + kTicksPerEighth);
   Append(file, "MTrk");
   Append32(file, static_cast<std::uint32_t>(track.size()));
   Append(file, track);

@@ -26,7 +26,7 @@ Server::~Server() {
 void Server::Start() {
   if (lineUp_) return;
   HangUp();
-  phone_.LineClosed();
+  phone_.Reset();
   line_ = std::make_unique<PhoneLine>(phone_, settings_, link_);
   line_->SetListener(listener_);
   lineUp_ = true;

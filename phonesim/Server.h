@@ -23,8 +23,8 @@ class Server {
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
 
-  /// Plugs the phone in. It starts in AT mode. Throws `std::system_error` when there is no port to
-  /// be had. Does nothing while the line is up.
+  /// Plugs the phone in, in AT mode unless it was told to keep its mode. Throws `std::system_error`
+  /// when there is no port to be had. Does nothing while the line is up.
   void Start();
 
   /// Takes the phone away once the client has read what was sent to it, or half a second later.

@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include "core/PageTable.h"
 #include "core/SubMain.h"
 #include "core/TextIndex.h"
 
@@ -30,6 +31,10 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPage(filePage_);
+  for (int panel = 1; panel < kStartPanel; ++panel) {
+    plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
+    session_.AddPage(*plainPages_.back());
+  }
 }
 
 void Program::Start() {

@@ -4,12 +4,15 @@
 // toolkit. The desktop program and the end-to-end tests stand on it alike.
 
 #include <filesystem>
+#include <memory>
+#include <vector>
 
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/WindowHost.h"
 #include "core/Language.h"
 #include "core/PhoneLink.h"
+#include "core/PlainPage.h"
 #include "core/Supervisor.h"
 #include "core/TessarinMenu.h"
 #include "core/regAPI.h"
@@ -60,6 +63,7 @@ class Program {
   Supervisor supervisor_;
   FilePage filePage_;
   PhonebookLists phonebookLists_;
+  std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 
 }  // namespace tessarin

@@ -31,6 +31,8 @@ class Control {
   // What a screen reader says for a control that shows no words of its own.
   Property<Text> accessibleName{changed};
 
+  Signal<> contextMenuRequested;  // the user asked for the control's menu
+
  private:
   std::string name_;
 };

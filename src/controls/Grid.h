@@ -40,7 +40,6 @@ class Grid : public Control {
 
   Signal<> clicked;    // the user selected the current cell
   Signal<> activated;  // double click, Enter
-  Signal<> contextMenuRequested;
 
  private:
   GridCell& At(int row, int column);

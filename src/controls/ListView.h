@@ -57,10 +57,9 @@ class ListView : public Control {
   // The user's selection, in one step: exactly these rows, and the one with the focus.
   void SelectByUser(const std::vector<int>& rows, int current);
 
-  Signal<> selectionChanged;      // the user selected other rows
-  Signal<> activated;             // the user opened the current row (double click, Enter)
-  Signal<int> columnClicked;      // the user pressed a column's head
-  Signal<> contextMenuRequested;  // the user asked for the row's menu
+  Signal<> selectionChanged;  // the user selected other rows
+  Signal<> activated;         // the user opened the current row (double click, Enter)
+  Signal<int> columnClicked;  // the user pressed a column's head
 
  private:
   ListRow& At(int index);

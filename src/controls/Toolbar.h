@@ -12,7 +12,8 @@ struct ToolbarButton {
   std::string key;
   Text caption;
   Text toolTip;
-  std::string image;  // an icon's name
+  std::string image;     // an icon's name
+  std::string shortcut;  // in portable form, such as "F5", or empty
   bool enabled = true;
   bool pressed = false;  // the button of the page in front
   bool operator==(const ToolbarButton&) const = default;

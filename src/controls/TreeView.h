@@ -44,7 +44,6 @@ class TreeView : public Control {
   void ExpandByUser(TextView key, bool expanded);
   Signal<> nodeClicked;              // `SelectedKey()` was clicked
   Signal<const Text&> nodeExpanded;  // the node was unfolded
-  Signal<> contextMenuRequested;
 
  private:
   TreeNode* Get(TextView key);

@@ -1,6 +1,7 @@
 #include "controls/WindowHost.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "codecs/Faults.h"
 
@@ -59,6 +60,11 @@ std::optional<std::filesystem::path> WindowHost::AskOpenFile(const FileQuestion&
   return answer;
 }
 
+void WindowHost::SetWords(HostWords words) {
+  words_ = std::move(words);
+  WordsChanged();
+}
+
 void WindowHost::YieldToScreen() {
   RaiseIfEnding();
   DoYield();
@@ -89,7 +95,8 @@ void WindowHost::RunEvent(const std::function<void()>& event) {
 void WindowHost::ReportFault(const Text& message) {
   if (ending_) return;
   ending_ = true;
-  DoMessageBox(message, MessageKind::Error, MessageButtons::Ok);
+  const Text around = words_.fault.empty() ? u"###1" : words_.fault;
+  DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok);
 }
 
 void WindowHost::RequestEnd() {

@@ -20,6 +20,15 @@ enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageKind { Information, Question, Error };
 enum class Answer { Ok, Cancel, Yes, No };
 
+enum class EditAct { Cut, Copy, Paste, Delete, SelectAll };
+
+// The few words that a window system shows by itself, in the program's language.
+struct HostWords {
+  Text ok, cancel, yes, no;
+  Text fault;           // around the text of a fault, which takes the place of "###1"
+  std::string isoCode;  // of the language, for the system's own dialogs
+};
+
 struct FileQuestion {
   Text caption;
   Text filter;         // words for the kind of file, such as "Rich Text"
@@ -57,6 +66,12 @@ class WindowHost {
   std::optional<std::filesystem::path> AskSaveFile(const FileQuestion& question);
   std::optional<std::filesystem::path> AskOpenFile(const FileQuestion& question);
 
+  // Cut, copy and the like on the control that has the focus. False when that control has no such
+  // act.
+  bool EditInFocus(EditAct act) { return DoEditInFocus(act); }
+
+  void SetWords(HostWords words);
+
   // Lets the screen catch up while something waits: painting and animation, no user input. Raises
   // ProgramEnding once the program has begun to end.
   void YieldToScreen();
@@ -78,17 +93,22 @@ class WindowHost {
   virtual Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) = 0;
   virtual std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) = 0;
   virtual std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) = 0;
+  virtual bool DoEditInFocus(EditAct act) = 0;
   virtual void DoYield() = 0;
+  virtual void WordsChanged() {}
   // Makes every modal show and box return.
   virtual void DoEndModals() = 0;
   // The main window is gone: leave the event loop.
   virtual void DoQuit() = 0;
+
+  const HostWords& words() const { return words_; }
 
  private:
   void EndIfOutermost();
   void RaiseIfEnding() const;
   void ReportFault(const Text& message);
 
+  HostWords words_;
   Window* main_ = nullptr;
   std::vector<Window*> loaded_;
   int depth_ = 0;

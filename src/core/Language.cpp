@@ -16,15 +16,15 @@ constexpr int kGroups = 3;
 }  // namespace
 
 const std::array<LanguageRow, 9> kLanguages = {{
-    {u"\\English.lng", u"\\TessarinEng.chm", u"en", "English", "en"},
-    {u"\\SimplifiedChinese.lng", u"\\TessarinSim.chm", u"sch", "SChinese", "zh_CN"},
-    {u"\\TraditionalChinese.lng", u"\\TessarinChi.chm", u"tch", "TChinese", "zh_TW"},
-    {u"\\French.lng", u"\\TessarinFra.chm", u"fra", "French", "fr"},
-    {u"\\German.lng", u"\\TessarinGer.chm", u"ger", "German", "de"},
-    {u"\\Italian.lng", u"\\TessarinIta.chm", u"it", "Italian", "it"},
-    {u"\\Spanish.lng", u"\\TessarinSpa.chm", u"spa", "Spanish", "es"},
-    {u"\\Russian.lng", u"\\TessarinRus.chm", u"ru", "Russian", "ru"},
-    {u"\\Romanian.lng", u"\\TessarinRom.chm", u"rom", "Romanian", "ro"},
+    {u"\\English.lng", u"\\TessarinEng.chm", u"en", u"en", "English", "en"},
+    {u"\\SimplifiedChinese.lng", u"\\TessarinSim.chm", u"sch", u"sch", "SChinese", "zh_CN"},
+    {u"\\TraditionalChinese.lng", u"\\TessarinChi.chm", u"tch", u"tch", "TChinese", "zh_TW"},
+    {u"\\French.lng", u"\\TessarinFra.chm", u"fra", u"fra", "French", "fr"},
+    {u"\\German.lng", u"\\TessarinGer.chm", u"ger", u"ger", "German", "de"},
+    {u"\\Italian.lng", u"\\TessarinIta.chm", u"it", u"it", "Italian", "it"},
+    {u"\\Spanish.lng", u"\\TessarinSpa.chm", u"spa", u"spa", "Spanish", "es"},
+    {u"\\Russian.lng", u"\\TessarinRus.chm", u"ru", u"ru", "Russian", "ru"},
+    {u"\\Romanian.lng", u"\\TessarinRom.chm", u"rom", u"spa", "Romanian", "ro"},
 }};
 
 int LanguageIndexOf(TextView registryCode) {
@@ -63,10 +63,26 @@ const Text& Language::At(Table table, int index) const {
 }
 
 Text Language::Filled(int interfaceIndex, std::initializer_list<Text> values) const {
-  Text text = getTSInterfaceStr(interfaceIndex);
-  int number = 0;
-  for (const Text& value : values) text = Replace(text, u"###" + ToText(++number), value);
-  return text;
+  return FillPlaceholders(getTSInterfaceStr(interfaceIndex), values);
+}
+
+// One pass, so that a value that holds "###2" itself stays as it is.
+Text FillPlaceholders(TextView text, std::initializer_list<Text> values) {
+  constexpr TextView kMark = u"###";
+  Text filled;
+  for (std::size_t at = 0; at < text.size();) {
+    const bool mark = text.substr(at).starts_with(kMark) && at + kMark.size() < text.size();
+    const std::size_t number =
+        mark ? static_cast<std::size_t>(text[at + kMark.size()]) - std::size_t{u'1'}
+             : values.size();
+    if (number < values.size()) {
+      filled += values.begin()[number];
+      at += kMark.size() + 1;
+    } else {
+      filled += text[at++];
+    }
+  }
+  return filled;
 }
 
 }  // namespace tessarin

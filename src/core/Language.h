@@ -10,6 +10,7 @@
 
 #include <array>
 #include <filesystem>
+#include <initializer_list>
 #include <vector>
 
 #include "codecs/Text.h"
@@ -20,13 +21,15 @@ namespace tessarin {
 struct LanguageRow {
   const char16_t* languageFile;  // below the application folder
   const char16_t* helpFile;
-  const char16_t* code;  // in the registry
-  const char* menuKey;   // its entry in the language menu
-  const char* isoCode;   // for the toolkit's own texts
+  const char16_t* code;         // in the registry, as the start reads it
+  const char16_t* writtenCode;  // in the registry, as the menu writes it
+  const char* menuKey;          // its entry in the language menu
+  const char* isoCode;          // for the toolkit's own texts
 };
 
 // By language index: 0 English, 1 Simplified Chinese, 2 Traditional Chinese, 3 French, 4 German,
-// 5 Italian, 6 Spanish, 7 Russian, 8 Romanian.
+// 5 Italian, 6 Spanish, 7 Russian, 8 Romanian. The Romanian entry writes the code of Spanish:
+// Romanian holds for the run in which it was chosen, and the next start speaks Spanish.
 extern const std::array<LanguageRow, 9> kLanguages;
 
 inline constexpr char16_t kRegistryKey[] = u"SOFTWARE\\Tessarin";
@@ -34,6 +37,9 @@ inline constexpr char16_t kRegistryLanguage[] = u"Language";
 
 // The language index of a registry code; 0, English, for any other text.
 int LanguageIndexOf(TextView registryCode);
+
+// `text` with its placeholders "###1", "###2" ... replaced by the values in order.
+Text FillPlaceholders(TextView text, std::initializer_list<Text> values);
 
 class Language {
  public:
@@ -50,7 +56,7 @@ class Language {
   const Text& getTSErrStr(int index) const { return At(Errors, index); }
   const Text& getTSInterfaceStr(int index) const { return At(Interface, index); }
 
-  // An interface text with its placeholders "###1", "###2" ... replaced in order.
+  // An interface text with its placeholders filled.
   Text Filled(int interfaceIndex, std::initializer_list<Text> values) const;
 
   int index() const { return index_; }

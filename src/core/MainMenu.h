@@ -9,10 +9,15 @@
 
 namespace tessarin {
 
-// The menu bar's entries without their captions. Everything that needs a phone starts disabled.
+// The menu bar's entries without their captions, the context menus hidden behind it. Everything
+// that needs a phone starts disabled.
 std::vector<MenuEntry> MainMenuEntries();
 
-// Sets every caption of the bar from the interface texts.
+// Sets every caption from the interface texts.
 void ApplyMenuTexts(Menu& menu, const Language& language);
+
+// What a context menu's entry does on the page in front: one of the keys of `Toolbar1`. Empty for
+// any other entry.
+std::string_view ActionOfContextEntry(std::string_view key);
 
 }  // namespace tessarin

@@ -2,10 +2,8 @@
 
 // What the session knows of the pages: their moments, and what the toolbars ask of them.
 
-#include <string>
-#include <vector>
+#include <string_view>
 
-#include "controls/Toolbar.h"
 #include "core/Session.h"
 
 namespace tessarin {
@@ -24,31 +22,24 @@ class SessionPart {
   // program with the phonebook's message.
   [[nodiscard]] virtual bool LoadWhileConnecting() { return true; }
   virtual void PhoneLost() {}
-  // The language changed, or was set for the first time.
+  // The language was set: captions, column heads, names. What is shown of the phone stays.
   virtual void ApplyTexts() {}
   // The program ends: what is to be kept is written now. Must not throw, and must not talk to the
   // phone.
   virtual void Unloading() {}
 };
 
-// One of the nine pages of the main window.
+// One of the nine pages of the main window. The keys of its actions are those of `Toolbar1`.
 class Page : public SessionPart {
  public:
   // The element of `ToolFrame` that is this page's panel, 0 to 8.
   virtual int panel() const = 0;
-  virtual MediaKind kind() const { return MediaKind::File; }
-  // The buttons of `Toolbar1`, in order.
-  virtual std::vector<ToolbarButton> Actions() const { return {}; }
 
   // The page came to the front. What needs the phone is asked for through `commandState`.
   virtual void Show() {}
-  // The buttons of `Toolbar1`.
-  virtual void Refresh() {}
-  virtual void New() {}
-  virtual void Save() {}
-  virtual void Delete() {}
-  virtual void Edit() {}
-  virtual void Sync() {}
+  // Whether the page can do an action at all; buttons of others stay disabled.
+  virtual bool CanDo([[maybe_unused]] std::string_view action) const { return false; }
+  virtual void Do([[maybe_unused]] std::string_view action) {}
 };
 
 }  // namespace tessarin

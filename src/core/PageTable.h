@@ -1,10 +1,15 @@
 #pragma once
 
-// The nine pages by name, in the order of the page bar: which key, panel, picture and words each
-// has.
+// The nine pages as data, in the order of the page bar: which key, panel, picture, words and
+// action buttons each has.
 
 #include <array>
+#include <string>
+#include <vector>
 
+#include "controls/Toolbar.h"
+#include "core/Language.h"
+#include "core/Session.h"
 #include "core/TextIndex.h"
 
 namespace tessarin {
@@ -15,26 +20,23 @@ struct PageRow {
   const char* image;
   int caption;  // interface text
   int about;    // interface text that says what the page is for
+  MediaKind kind;
+  bool needsPhone;  // its menu entry waits for a phone
 };
 
 // The position is the page's element of `ToolFrame`.
-inline constexpr std::array<PageRow, 9> kPages = {{
-    {"File", "FileExplorer", "page-file", text::interface_::kFileExplorer,
-     text::interface_::kAboutFilePage},
-    {"SMS", "SMS_EMS", "page-sms", text::interface_::kSmsEms, text::interface_::kAboutSmsPage},
-    {"MMS", "MMS", "page-mms", text::interface_::kMms, text::interface_::kAboutMmsPage},
-    {"Ringtone", "Ringtone", "page-ringtone", text::interface_::kRingtone,
-     text::interface_::kAboutRingtonePage},
-    {"Logo", "Logo", "page-picture", text::interface_::kPicture,
-     text::interface_::kAboutPicturePage},
-    {"Photo", "Photos", "page-theme", text::interface_::kTheme, text::interface_::kAboutThemePage},
-    {"Movie", "Movie", "page-movie", text::interface_::kMovie, text::interface_::kAboutMoviePage},
-    {"Calendar", "Calendar", "page-calendar", text::interface_::kCalendar,
-     text::interface_::kAboutCalendarPage},
-    {"Phonebook", "Phonebook", "page-phonebook", text::interface_::kPhonebook,
-     text::interface_::kAboutPhonebookPage},
-}};
+extern const std::array<PageRow, 9> kPages;
 
+inline constexpr int kRingtonePanel = 3;
+inline constexpr int kCalendarPanel = 7;
+inline constexpr int kPhonebookPanel = 8;
 inline constexpr int kStartPanel = 9;  // behind the pages' panels
+
+// The element of the page with that key in the page bar or in the menu; -1 for none.
+int PanelOf(std::string_view toolbarOrMenuKey);
+
+// The buttons of `Toolbar1` for a page, in order. The ringtone page offers both its editors by name
+// for models that play recorded sound.
+std::vector<ToolbarButton> PageActions(int panel, const Text& phoneModel, const Language& language);
 
 }  // namespace tessarin

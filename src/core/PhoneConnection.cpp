@@ -93,11 +93,11 @@ PhoneConnection::Verdict PhoneConnection::NameTheModel() {
 }
 
 PhoneConnection::Verdict PhoneConnection::PrepareTheWindow() {
-  session_.EnablePhoneControls(true);
   session_.phoneWasSeen = true;
+  session_.RebuildToolbars();
+  session_.EnablePhoneControls(true);
   session_.files().CheckDataFiles();
   for (SessionPart* part : session_.parts()) part->PhoneFound();
-  session_.RebuildToolbars();
   return Verdict::GoOn;
 }
 

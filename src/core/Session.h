@@ -12,6 +12,7 @@ namespace tessarin {
 
 // The page in front, as the transfers compare it. Pages that move no files have no kind.
 enum class MediaKind : std::int16_t {
+  None = -1,
   File = 0,
   Logo = 1,
   Ringtone = 2,
@@ -51,7 +52,7 @@ struct Session {
   MediaKind currentPage = MediaKind::File;
 
   std::vector<Text> storageNames;  // the phone's top-level folders, in listing order
-  // The root folder that a page shows: pictures, ringtones and movies.
+  // The root folder that a page shows: pictures, ringtones, movies.
   Text storageRoot;
   Text storageRoot2;
   Text storageRoot3;

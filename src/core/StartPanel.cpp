@@ -27,6 +27,7 @@ void StartPanel::Update(const Session& session, const Language& language) {
   const bool connected = session.statusPhase == kPhonePresent;
   const auto word = [&](int index) { return language.getTSInterfaceStr(index); };
   imgPhone.image = connected ? "phone-large" : "phone-missing";
+  imgPhone.accessibleName = word(words::kNamePhonePicture);
   lblHeading.text = connected ? language.Filled(words::kStartConnected, {session.phoneModel})
                               : word(words::kStartNoPhone);
   lblHint.text = word(words::kStartNoPhoneHint);

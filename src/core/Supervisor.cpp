@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kBatteryQuestions = 3;
 constexpr int kChargingPictures = 5;
-constexpr std::size_t kCalendarPanel = 7;
 
 }  // namespace
 
@@ -79,7 +78,7 @@ void Supervisor::ShowBattery(std::uint16_t level) {
   status.SetText(panel::kBattery, percent);
   status.SetVisible(panel::kBattery, true);
   session_.start.SetBattery(percent, status.Panel(panel::kBattery).image);
-  if (session_.ToolFrame[kCalendarPanel]->visible) status.SetText(panel::kPage, u"");
+  if (session_.panelInFront() == kCalendarPanel) status.SetText(panel::kPage, u"");
   const bool full = level == 100;
   if (!full && session_.batteryFrame > kChargingPictures) {
     session_.batteryFrame = 1;
@@ -98,7 +97,6 @@ void Supervisor::ShowBattery(std::uint16_t level) {
 void Supervisor::LosePhone() {
   link_.com.ClosePhonePort();
   for (SessionPart* part : session_.parts()) part->PhoneLost();
-  session_.EnablePhoneControls(false);
   auto& status = session_.StatusBar1;
   for (const int number : {panel::kConnection, panel::kModel, panel::kBattery}) {
     status.SetText(number, u"");
@@ -106,6 +104,7 @@ void Supervisor::LosePhone() {
   status.SetVisible(panel::kBattery, false);
   session_.statusPhase = kNoPhone;
   session_.storageNames.clear();
+  session_.EnablePhoneControls(false);
   session_.ShowStartPanel();
   session_.Lbstatus.text = u"";
   session_.start.Update(session_, session_.language());

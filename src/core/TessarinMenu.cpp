@@ -1,17 +1,15 @@
+// The main window's life.
+
 #include "core/TessarinMenu.h"
 
 #include "controls/WindowHost.h"
 #include "core/MainMenu.h"
 #include "core/PageTable.h"
-#include "core/TextIndex.h"
 
 namespace tessarin {
 
 namespace {
 
-namespace words = text::interface_;
-
-constexpr char16_t kTitle[] = u"Tessarin";
 constexpr char16_t kPreviewFile[] = u"\\Temp\\temp.mid";
 
 struct Folder {
@@ -31,16 +29,6 @@ constexpr Folder kFolders[] = {
     {&Session::mmsFolder, u"\\UserData\\MMS"},
 };
 
-struct Action {
-  const char* key;
-  void (Page::*act)();
-};
-
-constexpr Action kActions[] = {
-    {"New", &Page::New},   {"Save", &Page::Save},       {"Delete", &Page::Delete},
-    {"Edit", &Page::Edit}, {"Refresh", &Page::Refresh}, {"Sync", &Page::Sync},
-};
-
 }  // namespace
 
 TessarinMenu::TessarinMenu(const Needs& needs)
@@ -50,20 +38,67 @@ TessarinMenu::TessarinMenu(const Needs& needs)
       language_(needs.language),
       clock_(needs.clock),
       port_(needs.port),
-      pages_(kPages.size(), nullptr) {
+      pages_(kPages.size(), nullptr),
+      front_(kStartPanel) {
   for (int index = 0; index <= kStartPanel; ++index) {
     ToolFrame.push_back(std::make_unique<Panel>(*this, "ToolFrame" + std::to_string(index)));
   }
-  caption = kTitle;
+  for (std::size_t index = 0; index < kPages.size(); ++index) {
+    lblAbout.push_back(std::make_unique<Label>(*this, "lblAbout" + std::to_string(index)));
+  }
+  MakeFilePanes();
+  for (const FilePanes& panes : filePanes_) {
+    panes.download.image = "download";
+    panes.upload.image = "upload";
+  }
+  const std::pair<Button*, const char*> player[] = {
+      {&cmdPlay, "play"}, {&cmdPause, "pause"}, {&cmdStop, "stop"}};
+  for (const auto& [button, image] : player) button->image = image;
   MainMenu.Define(MainMenuEntries());
+  ConnectControls();
+}
+
+void TessarinMenu::MakeFilePanes() {
+  const auto add = [this](int panel, TreeView& phoneTree, ListView& phoneList,
+                          TreeView& computerTree, ListView& computerList, Button& download,
+                          Button& upload, ComboBox* storage, Picture* preview) {
+    const std::string number = std::to_string(panel);
+    filePanes_.push_back({panel, phoneTree, phoneList, computerTree, computerList, download, upload,
+                          std::make_unique<Label>(*this, "lblPhone" + number),
+                          std::make_unique<Label>(*this, "lblComputer" + number), storage,
+                          preview});
+  };
+  add(0, tvwPhoneDir, lvwPhoneFile, tvwPCDir, lvwPCFile, icoDownload, icoUpload, &ComFolder,
+      nullptr);
+  add(2, tvwPhoneMMS, lvwPhoneMMS, tvwPCMMS, lvwPCMMS, icoDownload1, icoUpload1, nullptr, nullptr);
+  add(3, tvwPhoneRingtone, lvwPhoneRingtone, tvwPCRingtone, lvwPCRingtone, icoDownload2, icoUpload2,
+      &comboStorage, nullptr);
+  add(4, tvwPhoneLogo, lvwPhoneLogo, tvwPCLogo, lvwPCLogo, icoDownload3, icoUpload3, &combostore,
+      &previewLogo);
+  add(5, tvwPhonePhoto, lvwPhonePhoto, tvwPCPhoto, lvwPCPhoto, icoDownload4, icoUpload4,
+      &comboStorage3, &previewPhoto);
+  add(6, tvwPhoneMovie, lvwPhoneMovie, tvwPCMovie, lvwPCMovie, icoDownload5, icoUpload5,
+      &comboStorage2, nullptr);
+}
+
+void TessarinMenu::ConnectControls() {
   MainMenu.clicked.Always([this](const std::string& key) { MenuClicked(key); });
-  Toolbar1.clicked.Always([this](const std::string& key) { ActionClicked(key); });
-  Toolbar2.clicked.Always([this](const std::string& key) {
-    for (std::size_t i = 0; i < kPages.size(); ++i) {
-      if (key == kPages[i].key) ShowPage(static_cast<int>(i));
-    }
-  });
+  Toolbar1.clicked.Always([this](const std::string& key) { DoAction(key); });
+  Toolbar2.clicked.Always([this](const std::string& key) { ShowPage(PanelOf(key)); });
   start.cmdOpenFiles.clicked.Always([this] { ShowPage(0); });
+  const std::pair<Control*, const char*> contextMenus[] = {
+      {&lvwPhoneFile, "mnuClickPhone"},
+      {&tvwPhoneDir, "mnuClickPhone"},
+      {&lvwPhoneSMS, "mnuClickSMS"},
+      {&lvwPhoneRingtone, "mnuClickRingtone"},
+      {&lvwPhoneLogo, "mnuClickLogo"},
+      {&lvwPhonePhoto, "mnuClickPhoto"},
+      {&lvwPhoneMovie, "mnuClickMovie"},
+      {&MSHFlexGrid1, "mnuClickCalendar"},
+      {&lvwPhonePhonebook, "mnuClickPhonebook"}};
+  for (const auto& [control, menu] : contextMenus) {
+    control->contextMenuRequested.Always([this, key = menu] { MainMenu.PopUp(key); });
+  }
 }
 
 void TessarinMenu::AddPage(Page& page) {
@@ -115,88 +150,6 @@ void TessarinMenu::FillCalendarNavigator() {
 
 void TessarinMenu::ComposeFolders() {
   for (const Folder& folder : kFolders) this->*folder.field = files_.Path(folder.literal);
-}
-
-void TessarinMenu::ApplyInterfaceTexts() {
-  language_.readLangFile(languageIndex);
-  ApplyMenuTexts(MainMenu, language_);
-  RebuildToolbars();
-  for (SessionPart* part : parts_) part->ApplyTexts();
-  StatusBar1.SetAccessibleName(panel::kBattery, language_.getTSInterfaceStr(words::kStartBattery));
-  if (front_ != nullptr) ShowOnly(front_->panel());
-}
-
-void TessarinMenu::UpdateStatusTexts(StatusPhase phase) {
-  const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
-  if (phase == kNoPhone) {
-    StatusBar1.SetText(panel::kConnection, word(words::kStatusNoPhone));
-  } else {
-    Lbstatus.text = word(words::kStatusCaption);
-    StatusBar1.SetText(panel::kConnection, word(words::kStatusConnected));
-    StatusBar1.SetText(panel::kModel,
-                       phoneModel + word(words::kStatusSeparator) + u"COM" + ToText(connectedPort));
-  }
-  start.Update(*this, language_);
-}
-
-void TessarinMenu::EnablePhoneControls(bool enabled) {
-  for (Control* control : std::initializer_list<Control*>{
-           &tvwPhoneDir, &lvwPhoneFile, &lvwPhoneSMS, &lvwPhoneRingtone, &lvwPhoneLogo,
-           &lvwPhonePhoto, &lvwPhoneMovie, &lvwPhonePhonebook}) {
-    control->enabled = enabled;
-  }
-  MainMenu.Enable("PhoneInfo", enabled);
-}
-
-void TessarinMenu::RebuildToolbars() {
-  Toolbar2.Clear();
-  for (std::size_t i = 0; i < kPages.size(); ++i) {
-    if (pages_[i] == nullptr || (i > 0 && !phoneWasSeen)) continue;
-    const Text words = language_.getTSInterfaceStr(kPages[i].caption);
-    Toolbar2.Add({kPages[i].key, words, words, kPages[i].image});
-  }
-}
-
-void TessarinMenu::ShowOnly(int number) {
-  for (int index = 0; index <= kStartPanel; ++index) {
-    ToolFrame[static_cast<std::size_t>(index)]->visible = index == number;
-  }
-  Toolbar1.Clear();
-  const bool isPage = number != kStartPanel;
-  front_ = isPage ? pages_[static_cast<std::size_t>(number)] : nullptr;
-  Toolbar2.Press(isPage ? kPages[static_cast<std::size_t>(number)].key : "");
-  if (front_ == nullptr) {
-    caption = kTitle;
-    return;
-  }
-  for (auto& button : front_->Actions()) Toolbar1.Add(std::move(button));
-  caption = kTitle + Text(u" - ") +
-            language_.getTSInterfaceStr(kPages[static_cast<std::size_t>(number)].caption);
-}
-
-void TessarinMenu::ShowStartPanel() { ShowOnly(kStartPanel); }
-
-void TessarinMenu::ShowPage(int number) {
-  Page* page = pages_[static_cast<std::size_t>(number)];
-  if (page == nullptr) return;
-  ShowOnly(number);
-  currentPage = page->kind();
-  page->Show();
-}
-
-void TessarinMenu::MenuClicked(const std::string& key) {
-  if (key == "PhoneInfo") commandState = job::kPhoneInfo;
-  if (key == "Exit1") Unload();
-  for (std::size_t i = 0; i < kPages.size(); ++i) {
-    if (key == kPages[i].menuKey) ShowPage(static_cast<int>(i));
-  }
-}
-
-void TessarinMenu::ActionClicked(const std::string& key) {
-  if (front_ == nullptr) return;
-  for (const Action& action : kActions) {
-    if (key == action.key) (front_->*action.act)();
-  }
 }
 
 void TessarinMenu::ShowError(int errorIndex) {

@@ -1,14 +1,16 @@
 #pragma once
 
-// The main window, which is the session: the shared state, the lists of pages and jobs, and the
-// program's start and end.
+// The main window, which is the session: the shared state, the controls of all pages, the tables of
+// pages and jobs, and the program's start and end.
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/Basics.h"
+#include "controls/Grid.h"
 #include "controls/ItemList.h"
 #include "controls/ListView.h"
 #include "controls/Menu.h"
@@ -28,11 +30,28 @@ namespace tessarin {
 
 // Numbers of the status bar's panels.
 namespace panel {
+inline constexpr int kCount = 1;
 inline constexpr int kConnection = 2;
 inline constexpr int kModel = 3;
 inline constexpr int kPage = 5;
 inline constexpr int kBattery = 6;
 }  // namespace panel
+
+// The controls of a page that shows files of the phone beside files of the computer. `storage` and
+// `preview` are null where the page has none.
+struct FilePanes {
+  int panel;
+  TreeView& phoneTree;
+  ListView& phoneList;
+  TreeView& computerTree;
+  ListView& computerList;
+  Button& download;
+  Button& upload;
+  std::unique_ptr<Label> phoneHead;
+  std::unique_ptr<Label> computerHead;
+  ComboBox* storage;
+  Picture* preview;
+};
 
 class TessarinMenu : public Window, public Session {
  public:
@@ -51,30 +70,96 @@ class TessarinMenu : public Window, public Session {
   Toolbar Toolbar2{*this, "Toolbar2"};  // the page bar
   Toolbar Toolbar1{*this, "Toolbar1"};  // the action bar
   std::vector<std::unique_ptr<Panel>> ToolFrame;
+  std::vector<std::unique_ptr<Label>> lblAbout;  // what each page is for
   StartPanel start{*this};
 
+  // File Explorer.
   TreeView tvwPhoneDir{*this, "tvwPhoneDir"};
   ListView lvwPhoneFile{*this, "lvwPhoneFile"};
+  TreeView tvwPCDir{*this, "tvwPCDir"};
+  ListView lvwPCFile{*this, "lvwPCFile"};
+  Button icoDownload{*this, "icoDownload"};
+  Button icoUpload{*this, "icoUpload"};
+  ComboBox ComFolder{*this, "ComFolder"};
+
+  // SMS/EMS.
+  TreeView tvwPhoneSMS{*this, "tvwPhoneSMS"};
   ListView lvwPhoneSMS{*this, "lvwPhoneSMS"};
+  TreeView tvwPCSMS{*this, "tvwPCSMS"};
+  TextBox rtbSMS{*this, "rtbSMS"};
+
+  // MMS.
+  TreeView tvwPhoneMMS{*this, "tvwPhoneMMS"};
+  ListView lvwPhoneMMS{*this, "lvwPhoneMMS"};
+  TreeView tvwPCMMS{*this, "tvwPCMMS"};
+  ListView lvwPCMMS{*this, "lvwPCMMS"};
+  Button icoDownload1{*this, "icoDownload1"};
+  Button icoUpload1{*this, "icoUpload1"};
+
+  // Ringtone.
+  TreeView tvwPhoneRingtone{*this, "tvwPhoneRingtone"};
   ListView lvwPhoneRingtone{*this, "lvwPhoneRingtone"};
-  ListView lvwPhoneLogo{*this, "lvwPhoneLogo"};
-  ListView lvwPhonePhoto{*this, "lvwPhonePhoto"};
-  ListView lvwPhoneMovie{*this, "lvwPhoneMovie"};
-  ListView lvwPhonePhonebook{*this, "lvwPhonePhonebook"};
-  // The storage choices of the ringtone, picture, movie and theme pages.
+  TreeView tvwPCRingtone{*this, "tvwPCRingtone"};
+  ListView lvwPCRingtone{*this, "lvwPCRingtone"};
+  Button icoDownload2{*this, "icoDownload2"};
+  Button icoUpload2{*this, "icoUpload2"};
   ComboBox comboStorage{*this, "comboStorage"};
+  Button cmdPlay{*this, "cmdPlay"};
+  Button cmdPause{*this, "cmdPause"};
+  Button cmdStop{*this, "cmdStop"};
+
+  // Picture.
+  TreeView tvwPhoneLogo{*this, "tvwPhoneLogo"};
+  ListView lvwPhoneLogo{*this, "lvwPhoneLogo"};
+  TreeView tvwPCLogo{*this, "tvwPCLogo"};
+  ListView lvwPCLogo{*this, "lvwPCLogo"};
+  Button icoDownload3{*this, "icoDownload3"};
+  Button icoUpload3{*this, "icoUpload3"};
   ComboBox combostore{*this, "combostore"};
-  ComboBox comboStorage2{*this, "comboStorage2"};
+  Picture previewLogo{*this, "previewLogo"};
+
+  // Theme.
+  TreeView tvwPhonePhoto{*this, "tvwPhonePhoto"};
+  ListView lvwPhonePhoto{*this, "lvwPhonePhoto"};
+  TreeView tvwPCPhoto{*this, "tvwPCPhoto"};
+  ListView lvwPCPhoto{*this, "lvwPCPhoto"};
+  Button icoDownload4{*this, "icoDownload4"};
+  Button icoUpload4{*this, "icoUpload4"};
   ComboBox comboStorage3{*this, "comboStorage3"};
-  // The calendar's navigator: year, month, day.
+  Picture previewPhoto{*this, "previewPhoto"};
+
+  // Movie.
+  TreeView tvwPhoneMovie{*this, "tvwPhoneMovie"};
+  ListView lvwPhoneMovie{*this, "lvwPhoneMovie"};
+  TreeView tvwPCMovie{*this, "tvwPCMovie"};
+  ListView lvwPCMovie{*this, "lvwPCMovie"};
+  Button icoDownload5{*this, "icoDownload5"};
+  Button icoUpload5{*this, "icoUpload5"};
+  ComboBox comboStorage2{*this, "comboStorage2"};
+
+  // Calendar: the navigator of year, month and day, and three views.
+  Label cYear{*this, "cYear"};
   TextBox Text1{*this, "Text1"};
+  Button UpDown1{*this, "UpDown1"};
+  Label cMonth{*this, "cMonth"};
   ComboBox Combo2{*this, "Combo2"};
+  Label cDay{*this, "cDay"};
   ComboBox Combo3{*this, "Combo3"};
+  Grid MSHFlexGrid1{*this, "MSHFlexGrid1"};
+
+  // Phonebook.
+  TreeView tvwPhonePhonebook{*this, "tvwPhonePhonebook"};
+  ListView lvwPhonePhonebook{*this, "lvwPhonePhonebook"};
+  TreeView tvwPCPhonebook{*this, "tvwPCPhonebook"};
+  TextBox rtbPhonebook{*this, "rtbPhonebook"};
 
   Label Lbstatus{*this, "Lbstatus"};
   StatusBar StatusBar1{*this, "StatusBar1", 6};
   Timer Timer1{*this, "Timer1", 1000};  // one job a tick
   Timer Timer2{*this, "Timer2", 10};    // one port of the scan a tick
+
+  // The six pages of files, in the order of their panels.
+  const std::vector<FilePanes>& filePanes() const { return filePanes_; }
 
   // Both before the window is shown. The parts must outlive the window; their order is the order
   // of their moments.
@@ -82,28 +167,34 @@ class TessarinMenu : public Window, public Session {
   void AddPage(Page& page);
   const std::vector<SessionPart*>& parts() const { return parts_; }
   JobTable& jobs() { return jobs_; }
+  // What `SubHelp` opens for the page in front.
+  void SetHelp(std::function<void(int panel)> help) { help_ = std::move(help); }
 
-  // Brings a page to the front; nothing happens for an element without a page.
+  // Brings a page to the front.
   void ShowPage(int panel);
   // Hides all pages and shows the start panel.
   void ShowStartPanel();
-  Page* PageInFront() const { return front_; }
+  int panelInFront() const { return front_; }
 
   // Every job calls this last.
   void SetCommandIdle() { commandState = job::kIdlePoll; }
   // The status display for the present language: whether a phone is there, which, and where.
   void UpdateStatusTexts(StatusPhase phase);
-  // Every word of the window, after the language file was read.
+  // Reads the session's language file and sets every word of the window.
   void ApplyInterfaceTexts();
+  // The choice of a language in the menu.
+  void ChangeLanguage(int index);
   // The eight controls that show the phone's content, and the menu entries that need a phone.
   void EnablePhoneControls(bool enabled);
-  // The page bar has the File page from the start; the others come with a phone.
+  // The page bar has the File page from the start; the others come with the first phone.
   void RebuildToolbars();
+  // Enables what the page in front can do at this moment.
+  void UpdateActions();
 
   // True while a tick or a worker runs: no tick starts meanwhile.
   bool IsBusy() const { return busy_ > 0; }
 
-  // Message boxes by table and index.
+  // A message box by table and index.
   void ShowError(int errorIndex);
   Language& language() const { return language_; }
   const modFile& files() const { return files_; }
@@ -117,21 +208,28 @@ class TessarinMenu : public Window, public Session {
  private:
   friend class Busy;
 
+  void MakeFilePanes();
+  void ConnectControls();
   void FillCalendarNavigator();
   void ComposeFolders();
+  void ApplyPanelTexts();
   void MenuClicked(const std::string& key);
-  void ActionClicked(const std::string& key);
+  void DoAction(std::string_view action);
   void ShowOnly(int panel);
+  void UpdateTitle();
+  Page* FrontPage() const;
 
   const modFile& files_;
   const regAPI& registry_;
   Language& language_;
   const Clock& clock_;
   linkport& port_;
+  std::vector<FilePanes> filePanes_;
   JobTable jobs_;
   std::vector<SessionPart*> parts_;
   std::vector<Page*> pages_;
-  Page* front_ = nullptr;
+  std::function<void(int panel)> help_;
+  int front_;
   int busy_ = 0;
 };
 

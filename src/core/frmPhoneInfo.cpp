@@ -33,7 +33,7 @@ void frmPhoneInfo::FormLoad() {
   Label3.text = language.getTSInterfaceStr(words::kPhoneInfoModel);
   Label5.text = language.getTSInterfaceStr(words::kPhoneInfoFirmware);
   Label7.text = language.getTSInterfaceStr(words::kPhoneInfoImei);
-  Command1.caption = language.getTSInterfaceStr(words::kOk);
+  Command1.caption = language.getTSInterfaceStr(words::kButtonClose);
   Image1.image = "phone-large";
 }
 

@@ -46,7 +46,7 @@ void frmSplashFindCOM::FormLoad() {
   lblHint.text = language_.getTSInterfaceStr(words::kSearchHint);
   lblHint.visible = true;
   ShowTroubles();
-  Animation1.accessibleName = language_.getTSInterfaceStr(words::kSearchTitle);
+  Animation1.accessibleName = language_.getTSInterfaceStr(words::kNameSearchAnimation);
   Animation1.file = u"\\FindCOM.avi";
   Animation1.playing = true;
 }

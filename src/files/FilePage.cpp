@@ -44,28 +44,25 @@ FilePage::FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransm
   session_.jobs().Set(job::kLoadSubfolder, [this] { Load(worker::kSubfileLoading); });
   busyWindow_.workers().Set(worker::kFileLoading, [this] { fileLoading(); });
   busyWindow_.workers().Set(worker::kSubfileLoading, [this] { subfileLoading(); });
+  // The computer's side is shown, and can be used once files are moved.
+  for (Control* control : std::initializer_list<Control*>{
+           &session_.tvwPCDir, &session_.lvwPCFile, &session_.icoDownload, &session_.icoUpload,
+           &session_.ComFolder}) {
+    control->enabled = false;
+  }
   session_.tvwPhoneDir.nodeClicked.Always([this] { NodeClicked(); });
 }
 
-std::vector<ToolbarButton> FilePage::Actions() const {
-  const Language& language = session_.language();
-  return {{"Refresh", language.getTSInterfaceStr(words::kRefreshPhoneFile),
-           language.getTSInterfaceStr(words::kActionRefreshView), "refresh",
-           session_.statusPhase == kPhonePresent}};
-}
-
+// An empty list says why it is empty, in the present language.
 void FilePage::ApplyTexts() {
-  const Language& language = session_.language();
-  const auto word = [&](int index) { return language.getTSInterfaceStr(index); };
-  session_.lvwPhoneFile.columns = {{word(words::kColumnFileName), 320},
-                                   {word(words::kColumnComputerSize), 110, true},
-                                   {word(words::kColumnFileType), 110}};
-  session_.lvwPhoneFile.accessibleName = word(words::kNamePhoneFiles);
-  session_.tvwPhoneDir.accessibleName = word(words::kNamePhoneFolders);
-  PhoneLost();
+  const int reason =
+      session_.statusPhase == kPhonePresent ? words::kFolderEmpty : words::kPageNeedsPhone;
+  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(reason);
 }
 
-void FilePage::Show() { Refresh(); }
+void FilePage::Do(std::string_view action) {
+  if (action == "Refresh") Refresh();
+}
 
 void FilePage::Refresh() {
   if (session_.statusPhase == kPhonePresent) session_.commandState = job::kLoadFolder;

@@ -15,10 +15,9 @@ class FilePage : public Page {
   FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow);
 
   int panel() const override { return 0; }
-  MediaKind kind() const override { return MediaKind::File; }
-  std::vector<ToolbarButton> Actions() const override;
-  void Show() override;
-  void Refresh() override;
+  void Show() override { Refresh(); }
+  bool CanDo(std::string_view action) const override { return action == "Refresh"; }
+  void Do(std::string_view action) override;
   void PhoneLost() override;
   void ApplyTexts() override;
 
@@ -26,6 +25,7 @@ class FilePage : public Page {
   const Text& currentFolder() const { return currentFolder_; }
 
  private:
+  void Refresh();
   void NodeClicked();
   // Workers.
   void fileLoading();

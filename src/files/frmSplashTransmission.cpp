@@ -28,6 +28,7 @@ void frmSplashTransmission::Work() {
 
 void frmSplashTransmission::FormLoad() {
   caption = session_.language().getTSInterfaceStr(words::kTransferTitle);
+  Animation1.accessibleName = session_.language().getTSInterfaceStr(words::kNameTransferAnimation);
   Animation1.playing = true;
   tmrTransferTimer.enabled = true;
 }

@@ -4,7 +4,10 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <functional>
+#include <thread>
 
 #include "phonesim/Outlet.h"
 #include "phonesim/SampleContent.h"

@@ -27,6 +27,8 @@ void Binder::Act(const std::function<void()>& act) { host_.RunEvent(act); }
 
 void Binder::BindState(Control& control, QWidget& widget, std::function<void()> update) {
   widget.setObjectName(QString::fromStdString(control.name()));
+  connect(&widget, &QWidget::customContextMenuRequested, this,
+          [this, &control] { Act([&] { control.contextMenuRequested(); }); });
   Follow(control, [&control, &widget, update = std::move(update)] {
     if (update != nullptr) update();
     widget.setEnabled(control.enabled);

@@ -90,6 +90,7 @@ void ShowButton(const ToolbarButton& button, QAction& action) {
   action.setText(ToQt(button.caption));
   action.setToolTip(ToQt(button.toolTip.empty() ? button.caption : button.toolTip));
   action.setIcon(Icon(button.image));
+  action.setShortcut(QKeySequence::fromString(QString::fromStdString(button.shortcut)));
   action.setEnabled(button.enabled);
   action.setCheckable(button.pressed || action.isCheckable());
   action.setChecked(button.pressed);

@@ -113,8 +113,6 @@ QTreeView* Binder::Bind(ListView& list) {
   connect(widget, &QTreeView::activated, this, [this, &list] { Act([&] { list.activated(); }); });
   connect(widget->header(), &QHeaderView::sectionClicked, this,
           [this, &list](int column) { Act([&] { list.columnClicked(column); }); });
-  connect(widget, &QWidget::customContextMenuRequested, this,
-          [this, &list] { Act([&] { list.contextMenuRequested(); }); });
   return widget;
 }
 
@@ -155,8 +153,6 @@ QTreeView* Binder::Bind(TreeView& tree) {
     const Text key = TreeModel::Node(index).key;
     Act([&] { tree.ExpandByUser(key, false); });
   });
-  connect(widget, &QWidget::customContextMenuRequested, this,
-          [this, &tree] { Act([&] { tree.contextMenuRequested(); }); });
   return widget;
 }
 
@@ -185,8 +181,6 @@ QTableView* Binder::Bind(Grid& grid) {
             });
           });
   connect(widget, &QTableView::activated, this, [this, &grid] { Act([&] { grid.activated(); }); });
-  connect(widget, &QWidget::customContextMenuRequested, this,
-          [this, &grid] { Act([&] { grid.contextMenuRequested(); }); });
   return widget;
 }
 

@@ -1,16 +1,40 @@
 #include "ui/qt/QtWindowHost.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QKeyEvent>
+#include <QLibraryInfo>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 
 #include "ui/qt/Convert.h"
 
 namespace tessarin {
+
+namespace {
+
+void CopyRows(const QAbstractItemView& view) {
+  if (view.selectionModel() == nullptr) return;
+  QStringList lines;
+  for (const auto& row : view.selectionModel()->selectedRows()) {
+    QStringList cells;
+    for (int column = 0; column < row.model()->columnCount(row.parent()); ++column) {
+      cells << row.siblingAtColumn(column).data().toString();
+    }
+    lines << cells.join(QLatin1Char('\t'));
+  }
+  if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+}  // namespace
 
 QtWindowHost::QtWindowHost(std::vector<Layout> layouts) : layouts_(std::move(layouts)) {}
 QtWindowHost::~QtWindowHost() = default;
@@ -59,6 +83,9 @@ QtWindowHost::Shown& QtWindowHost::Make(Window& window) {
   }
   shown->binder = std::make_unique<Binder>(*this, top);
   shown->layout->layOut(window, top, *shown->binder);
+  for (Control* control : window.controls()) {
+    if (auto* timer = dynamic_cast<Timer*>(control)) shown->binder->Bind(*timer);
+  }
   const auto follow = [&window, &top] { top.setWindowTitle(ToQt(window.caption)); };
   follow();
   shown->caption = window.changed.Connect(follow);
@@ -146,36 +173,96 @@ int QtWindowHost::Exec(QDialog& dialog) {
   return result;
 }
 
+namespace {
+
+QMessageBox::Icon IconOf(MessageKind kind) {
+  switch (kind) {
+    case MessageKind::Error:
+      return QMessageBox::Critical;
+    case MessageKind::Question:
+      return QMessageBox::Question;
+    case MessageKind::Information:
+      break;
+  }
+  return QMessageBox::Information;
+}
+
+struct BoxButton {
+  QMessageBox::StandardButton button;
+  Answer answer;
+  Text HostWords::*word;
+};
+constexpr BoxButton kBoxButtons[] = {{QMessageBox::Ok, Answer::Ok, &HostWords::ok},
+                                     {QMessageBox::Cancel, Answer::Cancel, &HostWords::cancel},
+                                     {QMessageBox::Yes, Answer::Yes, &HostWords::yes},
+                                     {QMessageBox::No, Answer::No, &HostWords::no}};
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::Ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+}  // namespace
+
+// A box that is closed without an answer is an answer to cancel, or no.
 Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
   QMessageBox box(Parent());
   box.setObjectName(QStringLiteral("MessageBox"));
   box.setWindowTitle(QCoreApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(text));
-  box.setIcon(kind == MessageKind::Error      ? QMessageBox::Critical
-              : kind == MessageKind::Question ? QMessageBox::Question
-                                              : QMessageBox::Information);
-  switch (buttons) {
-    case MessageButtons::Ok:
-      box.setStandardButtons(QMessageBox::Ok);
-      break;
-    case MessageButtons::OkCancel:
-      box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
-      break;
-    case MessageButtons::YesNo:
-      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-      break;
+  box.setIcon(IconOf(kind));
+  box.setStandardButtons(ButtonsOf(buttons));
+  for (const BoxButton& row : kBoxButtons) {
+    const Text& word = words().*row.word;
+    if (auto* button = box.button(row.button); button != nullptr && !word.empty()) {
+      button->setText(ToQt(word));
+    }
   }
-  switch (Exec(box)) {
-    case QMessageBox::Ok:
-      return Answer::Ok;
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    default:
-      return Answer::Cancel;
+  const int result = Exec(box);
+  for (const BoxButton& row : kBoxButtons) {
+    if (result == row.button) return row.answer;
   }
+  return buttons == MessageButtons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+void QtWindowHost::WordsChanged() {
+  const QString language = QString::fromStdString(words().isoCode);
+  QCoreApplication::removeTranslator(&dialogWords_);
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (dialogWords_.load(QStringLiteral("qtbase_") + language, folder)) {
+    QCoreApplication::installTranslator(&dialogWords_);
+  }
+}
+
+// Text fields know the act by name; a list can give its selected rows to the clipboard.
+bool QtWindowHost::DoEditInFocus(EditAct act) {
+  constexpr const char* kSlots[] = {"cut", "copy", "paste", "del", "selectAll"};
+  QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr) return false;
+  if (auto* view = qobject_cast<QAbstractItemView*>(focus); view != nullptr) {
+    if (act == EditAct::Copy) CopyRows(*view);
+    if (act == EditAct::SelectAll) view->selectAll();
+    return act == EditAct::Copy || act == EditAct::SelectAll;
+  }
+  if (act == EditAct::Delete) {
+    if (auto* editor = qobject_cast<QPlainTextEdit*>(focus)) {
+      editor->textCursor().removeSelectedText();
+      return true;
+    }
+    auto* line = qobject_cast<QLineEdit*>(focus);
+    if (line == nullptr) return false;
+    line->del();
+    return true;
+  }
+  return QMetaObject::invokeMethod(focus, kSlots[static_cast<int>(act)]);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 // The window system of the program: Qt.
 
 #include <QObject>
+#include <QTranslator>
 #include <memory>
 #include <vector>
 
@@ -19,7 +20,7 @@ struct Layout {
   enum class Kind { Main, Dialog, Busy };  // busy: no way to close it by hand
   std::string window;                      // the window's name
   Kind kind;
-  // Makes the widgets of `window` inside `top`.
+  // Makes the widgets of `window` inside `top`. Its timers are bound by the host.
   std::function<void(Window& window, QWidget& top, Binder& bind)> layOut;
 };
 
@@ -40,6 +41,8 @@ class QtWindowHost : public QObject, public WindowHost {
   Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) override;
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
+  bool DoEditInFocus(EditAct act) override;
+  void WordsChanged() override;
   void DoYield() override;
   void DoEndModals() override;
   void DoQuit() override;
@@ -65,6 +68,7 @@ class QtWindowHost : public QObject, public WindowHost {
 
   std::vector<Layout> layouts_;
   std::vector<std::unique_ptr<Shown>> shown_;
+  QTranslator dialogWords_;
   bool hasQuit_ = false;
   std::vector<QDialog*> boxes_;  // message boxes and file dialogs that stand open
 };

@@ -19,12 +19,12 @@ constexpr char kKey[] = "color-scheme";  // 0 no preference, 1 dark, 2 light
 constexpr int kPatience = 200;           // milliseconds for the portal's answer
 
 struct Colours {
-  QRgb window, base, alternate, text, faint, button, highlight, line;
+  QRgb window, base, alternate, text, faint, button, accent, selection, selected, line;
 };
-constexpr Colours kLight{0xfff4f6f9, 0xffffffff, 0xfff7f9fc, 0xff1f2937,
-                         0xff6b7280, 0xffffffff, 0xff2f6fde, 0xffd5dae3};
-constexpr Colours kDark{0xff22262e, 0xff1a1d23, 0xff20242b, 0xffe5e7eb,
-                        0xff9aa3b2, 0xff2c313b, 0xff3b7ded, 0xff3a414d};
+constexpr Colours kLight{0xfff4f6f9, 0xffffffff, 0xfff7f9fc, 0xff1f2937, 0xff6b7280,
+                         0xffffffff, 0xff2f6fde, 0xffd3e2fb, 0xff1f2937, 0xffd5dae3};
+constexpr Colours kDark{0xff22262e, 0xff1a1d23, 0xff20242b, 0xffe5e7eb, 0xff9aa3b2,
+                        0xff2c313b, 0xff6ea1f5, 0xff2f4a75, 0xffffffff, 0xff3a414d};
 
 QPalette MakePalette(const Colours& c) {
   QPalette palette;
@@ -42,9 +42,9 @@ QPalette MakePalette(const Colours& c) {
   set(QPalette::ButtonText, c.text, c.faint);
   set(QPalette::ToolTipBase, c.button, c.button);
   set(QPalette::ToolTipText, c.text, c.text);
-  set(QPalette::Highlight, c.highlight, c.line);
-  set(QPalette::HighlightedText, 0xffffffff, c.faint);
-  set(QPalette::Link, c.highlight, c.faint);
+  set(QPalette::Highlight, c.selection, c.line);
+  set(QPalette::HighlightedText, c.selected, c.faint);
+  set(QPalette::Link, c.accent, c.faint);
   set(QPalette::Mid, c.line, c.line);
   return palette;
 }

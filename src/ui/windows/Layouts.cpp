@@ -3,6 +3,7 @@
 #include "core/Asking.h"
 #include "core/TessarinMenu.h"
 #include "core/bar.h"
+#include "core/frmAbout.h"
 #include "core/frmPhoneInfo.h"
 #include "core/frmSplashFindCOM.h"
 #include "files/frmSplashTransmission.h"
@@ -26,6 +27,7 @@ std::vector<Layout> AllLayouts() {
       Of<TessarinMenu>("TessarinMenu", Kind::Main),
       Of<Asking>("Asking", Kind::Dialog),
       Of<bar>("bar", Kind::Busy),
+      Of<frmAbout>("frmAbout", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
       Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),

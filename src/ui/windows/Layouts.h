@@ -11,6 +11,7 @@ namespace tessarin {
 class Asking;
 class TessarinMenu;
 class bar;
+class frmAbout;
 class frmPhoneInfo;
 class frmSplashFindCOM;
 class frmSplashTransmission;
@@ -18,6 +19,7 @@ class frmSplashTransmission;
 void LayOut(TessarinMenu& window, QWidget& top, Binder& bind);
 void LayOut(Asking& window, QWidget& top, Binder& bind);
 void LayOut(bar& window, QWidget& top, Binder& bind);
+void LayOut(frmAbout& window, QWidget& top, Binder& bind);
 void LayOut(frmPhoneInfo& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind);

@@ -1,35 +1,18 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QTreeView>
 
 #include "core/PageTable.h"
 #include "core/TessarinMenu.h"
 #include "ui/qt/Icons.h"
 #include "ui/windows/Layouts.h"
+#include "ui/windows/PageLayouts.h"
 #include "ui/windows/StartPanelLayout.h"
 #include "ui/windows/Style.h"
 
 namespace tessarin {
-
-namespace {
-
-void LayOutFilePage(TessarinMenu& window, QWidget& page, Binder& bind) {
-  auto* panes = new QSplitter(&page);
-  panes->addWidget(bind.Bind(window.tvwPhoneDir));
-  panes->addWidget(bind.Bind(window.lvwPhoneFile));
-  panes->setStretchFactor(1, 1);
-  panes->setSizes({260, 700});
-  panes->setChildrenCollapsible(false);
-  auto* column = new QVBoxLayout(&page);
-  column->setContentsMargins(kGap, kGap, kGap, kGap);
-  column->addWidget(panes);
-}
-
-}  // namespace
 
 void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   auto& frame = static_cast<QMainWindow&>(top);
@@ -48,19 +31,24 @@ void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   auto* middle = new QWidget(&frame);
   auto* place = new QVBoxLayout(middle);
   place->setContentsMargins(0, 0, 0, 0);
+  std::vector<QWidget*> panels;
   for (int index = 0; index <= kStartPanel; ++index) {
     auto* panel = bind.Bind(*window.ToolFrame[static_cast<std::size_t>(index)]);
-    if (index == 0) LayOutFilePage(window, *panel, bind);
-    if (index == kStartPanel) LayOutStartPanel(window.start, *panel, bind);
+    panels.push_back(panel);
     place->addWidget(panel);
   }
+  for (const FilePanes& panes : window.filePanes()) {
+    LayOutFilePage(window, panes, *panels[static_cast<std::size_t>(panes.panel)], bind);
+  }
+  LayOutSmsPage(window, *panels[1], bind);
+  LayOutCalendarPage(window, *panels[kCalendarPanel], bind);
+  LayOutPhonebookPage(window, *panels[kPhonebookPanel], bind);
+  LayOutStartPanel(window.start, *panels[kStartPanel], bind);
   frame.setCentralWidget(middle);
 
   auto* status = bind.Bind(window.StatusBar1);
   status->insertWidget(0, bind.Bind(window.Lbstatus));
   frame.setStatusBar(status);
-  bind.Bind(window.Timer1);
-  bind.Bind(window.Timer2);
   frame.setMinimumSize(800, 560);
   frame.resize(1000, 680);
 }
