@@ -19,16 +19,18 @@ constexpr int kMostExtraBits = 17;
 [[noreturn]] void Refuse(const char* reason) { throw DocumentError(2, reason); }
 
 // How many bits follow the slot of a distance.
-int ExtraBits(std::size_t slot) {
+constexpr int ExtraBits(std::size_t slot) {
   return slot < 4 ? 0 : std::min(kMostExtraBits, static_cast<int>(slot / 2) - 1);
 }
 
-// The lowest distance of each slot, still with the two that the format adds.
-std::size_t LowestDistance(std::size_t slot) {
-  std::size_t distance = 0;
-  for (std::size_t below = 0; below < slot; ++below) distance += std::size_t{1} << ExtraBits(below);
-  return distance;
-}
+// The lowest distance of each slot, with the two that the format adds to every distance.
+constexpr auto kLowestDistance = [] {
+  std::array<std::size_t, 50> lowest{};
+  for (std::size_t slot = 1; slot < lowest.size(); ++slot) {
+    lowest[slot] = lowest[slot - 1] + (std::size_t{1} << ExtraBits(slot - 1));
+  }
+  return lowest;
+}();
 
 }  // namespace
 
@@ -237,7 +239,7 @@ std::size_t LzxDecoder::ReadDistance(LzxBits& bits, std::size_t slot) {
     return recent_[0];
   }
   const int extra = ExtraBits(slot);
-  std::size_t distance = LowestDistance(slot) - 2;
+  std::size_t distance = kLowestDistance[slot] - 2;
   if (kind_ == kAligned && extra >= 3) {
     distance += std::size_t{bits.Read(extra - 3)} << 3;
     distance += alignedTree_.Read(bits);

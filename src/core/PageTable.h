@@ -27,6 +27,7 @@ struct PageRow {
 // The position is the page's element of `ToolFrame`.
 extern const std::array<PageRow, 9> kPages;
 
+inline constexpr int kFilePanel = 0;
 inline constexpr int kRingtonePanel = 3;
 inline constexpr int kCalendarPanel = 7;
 inline constexpr int kPhonebookPanel = 8;

@@ -70,11 +70,16 @@ void TessarinMenu::ShowOnly(int number) {
   UpdateActions();
 }
 
+// The File Explorer's title is the same in every language.
 void TessarinMenu::UpdateTitle() {
-  caption = front_ == kStartPanel
-                ? Text(kTitle)
-                : kTitle + Text(u" - ") +
-                      language_.getTSInterfaceStr(kPages[static_cast<std::size_t>(front_)].caption);
+  if (front_ == kStartPanel) {
+    caption = kTitle;
+  } else if (front_ == kFilePanel) {
+    caption = u"Tessarin - File Explorer";
+  } else {
+    const int name = kPages[static_cast<std::size_t>(front_)].caption;
+    caption = kTitle + Text(u" - ") + language_.getTSInterfaceStr(name);
+  }
 }
 
 void TessarinMenu::UpdateActions() {

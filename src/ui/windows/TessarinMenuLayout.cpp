@@ -17,7 +17,11 @@ namespace tessarin {
 void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   auto& frame = static_cast<QMainWindow&>(top);
   frame.setWindowIcon(QApplication::windowIcon());
-  frame.setMenuBar(bind.Bind(window.MainMenu));
+  auto* menu = bind.Bind(window.MainMenu);
+  auto* state = bind.Bind(window.Lbstatus);
+  state->setContentsMargins(0, 0, kGap, 0);
+  menu->setCornerWidget(state);
+  frame.setMenuBar(menu);
   frame.setContextMenuPolicy(Qt::NoContextMenu);
   auto* pages = bind.Bind(window.Toolbar2, true);
   auto* actions = bind.Bind(window.Toolbar1, false);
@@ -47,7 +51,7 @@ void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   frame.setCentralWidget(middle);
 
   auto* status = bind.Bind(window.StatusBar1);
-  status->insertWidget(0, bind.Bind(window.Lbstatus));
+  status->setContentsMargins(kGap / 2, 0, 0, 0);
   frame.setStatusBar(status);
   frame.setMinimumSize(800, 560);
   frame.resize(1000, 680);

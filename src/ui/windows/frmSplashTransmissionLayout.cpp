@@ -10,6 +10,7 @@ void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind) {
   auto* words = bind.Bind(window.Label1);
   words->setAlignment(Qt::AlignHCenter);
   column->addWidget(words);
+  bind.Bind(window.tmrTransferTimer);
   top.setMinimumWidth(360);
 }
 
