@@ -74,6 +74,7 @@ void HelpArchive::ReadDirectory(std::size_t offset) {
   const std::uint64_t headerLength = Number32(file_, offset + 8);
   const std::uint64_t chunkLength = Number32(file_, offset + 0x10);
   const std::uint64_t chunks = Number32(file_, offset + 0x2C);
+  if (chunkLength == 0) Refuse("no directory");
   for (std::uint64_t chunk = 0; chunk < chunks; ++chunk) {
     ReadChunk(Part(file_, offset + headerLength + chunk * chunkLength, chunkLength));
   }

@@ -135,13 +135,15 @@ void LzxDecoder::ReadFrame(std::string_view input, std::size_t length) {
   LzxBits bits(input);
   if (!begun_ && bits.Read(1) != 0) Refuse("translated machine code");
   begun_ = true;
-  const std::size_t end = output_.size() + length;
-  while (output_.size() < end) {
+  const std::size_t begin = output_.size();
+  while (output_.size() < begin + length) {
     if (blockRest_ == 0) BeginBlock(bits);
     const std::size_t from = output_.size();
-    ReadRun(bits, from + std::min(blockRest_, end - from));
+    limit_ = std::min(from + blockRest_, begin + kFrame);
+    ReadRun(bits, std::min(limit_, begin + length));
     blockRest_ -= output_.size() - from;
   }
+  output_.resize(begin + length);  // the last frame is filled up behind its end
 }
 
 void LzxDecoder::BeginBlock(LzxBits& bits) {
@@ -202,7 +204,8 @@ void LzxDecoder::ReadLengths(LzxBits& bits, std::uint8_t* lengths, std::size_t c
   }
 }
 
-// Reads the bytes of the block up to `end` of the output. No match reaches beyond it.
+// Reads the bytes of the block up to `end` of the output. A last match may reach beyond it, but
+// never beyond the block or the whole frame.
 void LzxDecoder::ReadRun(LzxBits& bits, std::size_t end) {
   if (kind_ == kUncompressed) {
     const std::size_t count = end - output_.size();
@@ -216,18 +219,18 @@ void LzxDecoder::ReadRun(LzxBits& bits, std::size_t end) {
     if (symbol < kLiterals) {
       output_.push_back(static_cast<char>(symbol));
     } else {
-      CopyMatch(bits, symbol - kLiterals, end);
+      CopyMatch(bits, symbol - kLiterals);
     }
   }
 }
 
-void LzxDecoder::CopyMatch(LzxBits& bits, std::size_t symbol, std::size_t end) {
+void LzxDecoder::CopyMatch(LzxBits& bits, std::size_t symbol) {
   std::size_t length = symbol % 8;
   if (length == kLengthInTree) length += lengthTree_.Read(bits);
   length += kShortestMatch;
   const std::size_t distance = ReadDistance(bits, symbol / 8);
   const std::size_t size = output_.size();
-  if (distance == 0 || distance > size - start_ || length > end - size) Refuse("match outside");
+  if (distance == 0 || distance > size - start_ || length > limit_ - size) Refuse("match outside");
   // Byte by byte: a match may take in what it writes itself.
   for (std::size_t i = 0; i < length; ++i) output_.push_back(output_[size + i - distance]);
 }

@@ -61,7 +61,7 @@ class LzxDecoder {
   void ReadTrees(LzxBits& bits);
   void ReadLengths(LzxBits& bits, std::uint8_t* lengths, std::size_t count);
   void ReadRun(LzxBits& bits, std::size_t end);
-  void CopyMatch(LzxBits& bits, std::size_t symbol, std::size_t end);
+  void CopyMatch(LzxBits& bits, std::size_t symbol);
   std::size_t ReadDistance(LzxBits& bits, std::size_t slot);
 
   std::size_t slots_;  // of distances
@@ -70,6 +70,7 @@ class LzxDecoder {
   bool begun_ = false;
   int kind_ = kVerbatim;
   std::size_t blockRest_ = 0;
+  std::size_t limit_ = 0;  // of the present block or frame, in the output
   std::array<std::size_t, 3> recent_{};  // the last distances
   std::vector<std::uint8_t> mainLengths_;
   std::vector<std::uint8_t> lengthLengths_;

@@ -42,7 +42,7 @@ PortMap::PortMap(fs::path linkFolder, fs::path deviceFolder)
     : linkFolder_(std::move(linkFolder)), deviceFolder_(std::move(deviceFolder)) {}
 
 std::optional<fs::path> PortMap::Link(int port) const {
-  const fs::path link = linkFolder_ / ("COM" + std::to_string(port));
+  fs::path link = linkFolder_ / ("COM" + std::to_string(port));
   std::error_code error;
   if (!fs::is_symlink(fs::symlink_status(link, error))) return std::nullopt;
   return link;

@@ -53,8 +53,13 @@ void ShowSelection(const ListView& list, QTreeView& view) {
 void ShowColumns(const ListView& list, QTreeView& view, std::vector<ListColumn>& shown) {
   const auto& columns = list.columns();
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const bool known = i < shown.size() && shown[i].width == columns[i].width;
-    if (!known) view.setColumnWidth(static_cast<int>(i), columns[i].width);
+    const bool known = i < shown.size() && shown[i] == columns[i];
+    const int section = static_cast<int>(i);
+    if (!known) {
+      // A column is never too narrow for its own head.
+      view.setColumnWidth(section,
+                          std::max(columns[i].width, view.header()->sectionSizeHint(section)));
+    }
     view.setColumnHidden(static_cast<int>(i), !columns[i].visible);
   }
   shown = columns;
@@ -124,6 +129,9 @@ QTreeView* Binder::Bind(TreeView& tree) {
   widget->setUniformRowHeights(true);
   widget->setContextMenuPolicy(Qt::CustomContextMenu);
   widget->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // By rows, Qt takes a node's place among its siblings for its place in the whole tree when a
+  // screen reader selects it. There is one column, so this looks the same.
+  widget->setSelectionBehavior(QAbstractItemView::SelectItems);
   BindState(tree, *widget, [&tree, widget, model] {
     const QSignalBlocker quiet(widget);
     const QSignalBlocker quietSelection(widget->selectionModel());
@@ -139,11 +147,12 @@ QTreeView* Binder::Bind(TreeView& tree) {
   };
   // A click on the selected node counts as well: it loads the folder again.
   connect(widget, &QTreeView::clicked, this, chosen);
-  connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [widget, chosen](const QModelIndex& index) {
-            if (!widget->underMouse() || !(QGuiApplication::mouseButtons() & Qt::LeftButton)) {
-              chosen(index);
-            }
+  // Keys and a screen reader's choice; the latter selects a node without making it the current one.
+  connect(widget->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [widget, chosen](const QItemSelection& selected) {
+            const bool byMouse =
+                widget->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton);
+            if (!byMouse && !selected.isEmpty()) chosen(selected.indexes().constFirst());
           });
   connect(widget, &QTreeView::expanded, this, [this, &tree](const QModelIndex& index) {
     const Text key = TreeModel::Node(index).key;

@@ -8,7 +8,7 @@
 namespace tessarin {
 
 void LayOut(Asking& window, QWidget& top, Binder& bind) {
-  auto* column = Column(top);
+  auto* column = Column(top, 360);
   auto* question = new QHBoxLayout;
   question->setSpacing(kMargin);
   question->addWidget(bind.Bind(window.Image1, 48, 48), 0);
@@ -21,7 +21,6 @@ void LayOut(Asking& window, QWidget& top, Binder& bind) {
   buttons->addWidget(bind.Bind(window.Command2));
   column->addLayout(question);
   column->addLayout(buttons);
-  top.setMinimumWidth(400);
 }
 
 }  // namespace tessarin

@@ -19,11 +19,14 @@ inline QLabel* AsHeading(QLabel* label, double factor) {
   return label;
 }
 
-// A column of widgets with the program's margins.
-inline QVBoxLayout* Column(QWidget& parent) {
-  auto* column = new QVBoxLayout(&parent);
+// A dialog's column of widgets: as wide as given or as its words need, and always just as high as
+// they need, also when they change.
+inline QVBoxLayout* Column(QWidget& dialog, int width) {
+  auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(kGap);
+  column->addStrut(width);
+  column->setSizeConstraint(QLayout::SetFixedSize);
   return column;
 }
 

@@ -8,7 +8,7 @@
 namespace tessarin {
 
 void LayOut(bar& window, QWidget& top, Binder& bind) {
-  auto* column = Column(top);
+  auto* column = Column(top, 380);
   column->addWidget(AsHeading(bind.Bind(window.Label3), 1.1));
   auto* rows = new QGridLayout;
   rows->setSpacing(kGap);
@@ -19,7 +19,6 @@ void LayOut(bar& window, QWidget& top, Binder& bind) {
   rows->addWidget(bind.Bind(window.phoneBar), 1, 1);
   rows->setColumnMinimumWidth(0, 120);
   column->addLayout(rows);
-  top.setMinimumWidth(420);
 }
 
 }  // namespace tessarin

@@ -23,10 +23,9 @@ void LayOut(frmAbout& window, QWidget& top, Binder& bind) {
   auto* ok = bind.Bind(window.cmdOK);
   ok->setDefault(true);
   buttons->addWidget(ok);
-  auto* column = Column(top);
+  auto* column = Column(top, 420);
   column->addLayout(middle);
   column->addLayout(buttons);
-  top.setMinimumWidth(440);
 }
 
 }  // namespace tessarin

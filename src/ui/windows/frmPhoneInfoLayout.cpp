@@ -32,10 +32,9 @@ void LayOut(frmPhoneInfo& window, QWidget& top, Binder& bind) {
   auto* close = bind.Bind(window.Command1);
   close->setDefault(true);
   buttons->addWidget(close);
-  auto* column = Column(top);
+  auto* column = Column(top, 400);
   column->addLayout(middle);
   column->addLayout(buttons);
-  top.setMinimumWidth(400);
 }
 
 }  // namespace tessarin

@@ -5,7 +5,7 @@
 namespace tessarin {
 
 void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind) {
-  auto* column = Column(top);
+  auto* column = Column(top, 440);
   column->addWidget(bind.Bind(window.Animation1, 240, 120));
   auto* port = AsHeading(bind.Bind(window.lblPort), 1.1);
   auto* hint = bind.Bind(window.lblHint);
@@ -14,8 +14,6 @@ void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind) {
   port->setAlignment(Qt::AlignHCenter);
   hint->setAlignment(Qt::AlignHCenter);
   hint->setForegroundRole(QPalette::PlaceholderText);
-  column->addStretch(1);
-  top.setMinimumSize(440, 290);
 }
 
 }  // namespace tessarin

@@ -1,0 +1,163 @@
+// No window cuts a text off, in any language: every word is measured on the real widgets.
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeView>
+#include <filesystem>
+
+#include "Program.h"
+#include "core/Asking.h"
+#include "core/PageTable.h"
+#include "core/bar.h"
+#include "core/frmAbout.h"
+#include "core/frmPhoneInfo.h"
+#include "ui/qt/Convert.h"
+#include "ui/qt/QtWindowHost.h"
+#include "ui/windows/Layouts.h"
+
+namespace tessarin {
+namespace {
+
+class FitTest : public testing::TestWithParam<int> {
+ protected:
+  FitTest() {
+    char pattern[] = "/tmp/tessarin-ui-XXXXXX";
+    folder_ = mkdtemp(pattern);
+    program_ = std::make_unique<Program>(
+        host_, ProgramFolders{folder_, TESSARIN_SHARE, folder_ / "registry.ini", folder_ / "dev"});
+    program_->Start();
+    session().Timer1.enabled = false;
+    session().ChangeLanguage(GetParam());
+  }
+  ~FitTest() override {
+    session().Unload();
+    program_.reset();
+    std::filesystem::remove_all(folder_);
+  }
+
+  TessarinMenu& session() { return program_->session(); }
+
+  void ConnectPhone() {
+    session().phoneModel = u"Z1010";
+    session().connectedPort = 255;
+    session().statusPhase = kPhonePresent;
+    session().phoneWasSeen = true;
+    session().storageNames = {u"Phone", u"Card"};
+    session().RebuildToolbars();
+    session().EnablePhoneControls(true);
+    session().UpdateStatusTexts(kPhonePresent);
+    session().StatusBar1.SetText(panel::kBattery, u"100%");
+  }
+
+  // Lays the window out at `size`, or as small as it goes, and measures every word in it.
+  void ExpectWordsFit(const Window& window, QSize size = {0, 0}) {
+    QWidget* top = host_.WidgetOf(window);
+    ASSERT_NE(top, nullptr) << window.name();
+    top->resize(size.isEmpty() ? top->minimumSizeHint() : size);
+    QApplication::processEvents();
+    for (QWidget* widget : top->findChildren<QWidget*>()) {
+      if (!widget->isVisible()) continue;
+      if (const auto* label = qobject_cast<QLabel*>(widget)) ExpectLabelFits(*label);
+      if (const auto* button = qobject_cast<QAbstractButton*>(widget)) ExpectButtonFits(*button);
+      if (const auto* header = qobject_cast<QHeaderView*>(widget)) ExpectHeadsFit(*header);
+    }
+  }
+
+  QtWindowHost host_{AllLayouts()};
+  std::unique_ptr<Program> program_;
+
+ private:
+  static std::string Where(const QWidget& widget, const QString& words) {
+    return widget.window()->objectName().toStdString() + "." + widget.objectName().toStdString() +
+           ": " + words.toStdString();
+  }
+
+  static void ExpectLabelFits(const QLabel& label) {
+    if (label.text().isEmpty()) return;
+    const QRect room = label.contentsRect();
+    const QRect needed = label.fontMetrics().boundingRect(
+        QRect(0, 0, room.width(), 0), label.wordWrap() ? Qt::TextWordWrap : 0, label.text());
+    EXPECT_LE(needed.width(), room.width()) << Where(label, label.text());
+    EXPECT_LE(needed.height(), room.height() + 1) << Where(label, label.text());
+  }
+
+  static void ExpectButtonFits(const QAbstractButton& button) {
+    if (button.text().isEmpty()) {
+      EXPECT_NE(button.objectName(), QStringLiteral("qt_toolbar_ext_button"))
+          << "the bar is too narrow for its buttons in " << button.window()->windowTitle().toStdString();
+      return;
+    }
+    EXPECT_LE(button.sizeHint().width(), button.width()) << Where(button, button.text());
+  }
+
+  static void ExpectHeadsFit(const QHeaderView& header) {
+    for (int section = 0; section < header.count() && header.isVisible(); ++section) {
+      if (header.isSectionHidden(section)) continue;
+      const QString words =
+          header.model()->headerData(section, header.orientation(), Qt::DisplayRole).toString();
+      EXPECT_LE(header.sectionSizeHint(section), header.sectionSize(section))
+          << Where(header, words);
+    }
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_P(FitTest, MainWindowWithAndWithoutAPhone) {
+  for (const QSize size : {QSize(800, 560), QSize(1000, 680)}) {
+    session().ShowStartPanel();
+    ExpectWordsFit(session(), size);
+  }
+  ConnectPhone();
+  for (int panel = 0; panel <= kStartPanel; ++panel) {
+    if (panel == kStartPanel) {
+      session().ShowStartPanel();
+    } else {
+      session().ShowPage(panel);
+    }
+    for (const QSize size : {QSize(800, 560), QSize(1000, 680)}) ExpectWordsFit(session(), size);
+  }
+}
+
+TEST_P(FitTest, SearchWindowWithEverySentence) {
+  auto& splash = program_->supervisor().splash();
+  splash.Show(Modality::Modeless);
+  splash.Trying(160, "/dev/ttyACM31");
+  using Kind = PortTrouble::Kind;
+  const PortTrouble troubles[] = {{Kind::NoPermission, "/dev/ttyACM0", "dialout"},
+                                  {Kind::NoPermission, "/dev/ttyACM1", ""},
+                                  {Kind::Busy, "/dev/ttyUSB0", ""},
+                                  {Kind::NoTerminal, "/dev/ttyUSB1", ""},
+                                  {Kind::Silent, "/dev/rfcomm0", ""}};
+  for (int port = 3; const PortTrouble& trouble : troubles) splash.PassedOver(port++, trouble);
+  ExpectWordsFit(splash);
+}
+
+TEST_P(FitTest, Dialogs) {
+  Asking asking(host_, session().language(), session());
+  bar progress(host_, session().language());
+  frmAbout about(host_, session().language());
+  frmPhoneInfo info(session());
+  info.LabManu.text = u"Ericsson Mobile Communications";
+  info.LabIMEI.text = u"123456789012345";
+  for (Window* window : std::initializer_list<Window*>{&asking, &progress, &about, &info}) {
+    window->Show(Modality::Modeless);
+    ExpectWordsFit(*window);
+    window->Unload();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryLanguage, FitTest, testing::Range(0, 9), [](const auto& language) {
+  return std::string(kLanguages[static_cast<std::size_t>(language.param)].menuKey);
+});
+
+}  // namespace
+}  // namespace tessarin
