@@ -24,12 +24,15 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
                    }),
       link_{port_, port_, com_, at_, obex_, fileService_},
       session_({host, files_, registry_, language_, clock_, port_}),
+      help_(host, language_),
       busyWindow_(session_),
       supervisor_(session_, link_),
       filePage_(session_, link_, busyWindow_),
       phonebookLists_(files_) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
+  session_.AddPart(help_);
+  session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(filePage_);
   for (int panel = 1; panel < kStartPanel; ++panel) {
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));

@@ -15,6 +15,7 @@
 #include "core/PlainPage.h"
 #include "core/Supervisor.h"
 #include "core/TessarinMenu.h"
+#include "core/frmHelp.h"
 #include "core/regAPI.h"
 #include "files/FilePage.h"
 #include "files/frmSplashTransmission.h"
@@ -41,6 +42,7 @@ class Program {
 
   TessarinMenu& session() { return session_; }
   Supervisor& supervisor() { return supervisor_; }
+  frmHelp& help() { return help_; }
   FilePage& filePage() { return filePage_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   const PhoneLink& link() const { return link_; }
@@ -59,6 +61,7 @@ class Program {
   FileService fileService_;
   PhoneLink link_;
   TessarinMenu session_;
+  frmHelp help_;
   frmSplashTransmission busyWindow_;
   Supervisor supervisor_;
   FilePage filePage_;

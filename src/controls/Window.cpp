@@ -1,6 +1,7 @@
 #include "controls/Window.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "controls/WindowHost.h"
@@ -9,7 +10,7 @@ namespace tessarin {
 
 Window::Window(WindowHost& host, std::string name) : host_(host), name_(std::move(name)) {}
 
-Window::~Window() { host_.Forget(*this); }
+Window::~Window() { assert(!loaded_); }
 
 Control* Window::Find(std::string_view controlName) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {

@@ -16,7 +16,7 @@ enum class Modality;
 
 // The base of every window class, which holds its controls as plain members. The object outlives
 // what is seen of it: showing makes the visible window, unloading takes it away, and both can
-// happen again. Destroying a loaded window takes it away without its unload moment.
+// happen again. A window has to be unloaded before it is destroyed.
 class Window {
  public:
   // `host` must outlive the window. `name` is the window class's own name.

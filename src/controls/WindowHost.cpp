@@ -8,14 +8,20 @@
 namespace tessarin {
 
 void WindowHost::Show(Window& window, Modality modality) {
-  if (!window.loaded_) {
-    window.loaded_ = true;
-    loaded_.push_back(&window);
-    window.FormLoad();
-    if (!window.loaded_) return;  // it unloaded itself while loading
+  try {
+    if (!window.loaded_) {
+      window.loaded_ = true;
+      loaded_.push_back(&window);
+      window.FormLoad();
+      if (!window.loaded_) return;  // it unloaded itself while loading
+    }
+    DoShow(window, modality);
+    if (modality == Modality::Modal) RaiseIfEnding();
+  } catch (...) {
+    // Its owner is about to be unwound. The main window has its unload moment before that.
+    if (&window != main_) Forget(window);
+    throw;
   }
-  DoShow(window, modality);
-  if (modality == Modality::Modal) RaiseIfEnding();
 }
 
 void WindowHost::Unload(Window& window) {

@@ -57,7 +57,6 @@ class WindowHost {
   void Unload(Window& window);
   void UnloadOthers(const Window& window);
   void Repaint(Window& window) { DoRepaint(window); }
-  void Forget(Window& window);
 
   // A modal box. Raises ProgramEnding when the program has begun to end meanwhile.
   Answer MessageBox(const Text& text, MessageKind kind = MessageKind::Information,
@@ -104,6 +103,8 @@ class WindowHost {
   const HostWords& words() const { return words_; }
 
  private:
+  // Takes away what is seen of the window, without its unload moment.
+  void Forget(Window& window);
   void EndIfOutermost();
   void RaiseIfEnding() const;
   void ReportFault(const Text& message);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #include "codecs/Faults.h"
 #include "core/Lzx.h"

@@ -32,6 +32,8 @@ class HelpArchive {
  public:
   // `file` is what the help file holds. Throws DocumentError when that is damaged or no help file.
   explicit HelpArchive(std::string file);
+  HelpArchive(const HelpArchive&) = delete;
+  HelpArchive& operator=(const HelpArchive&) = delete;
 
   struct Place {
     std::uint64_t section;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "codecs/Faults.h"
-#include "codecs/modFile.h"
 #include "core/Markup.h"
 
 namespace tessarin {
@@ -18,7 +18,7 @@ constexpr int kDeepest = 8;
 
 }  // namespace
 
-HelpFile::HelpFile(const std::filesystem::path& file) : archive_(modFile::ReadWholeFile(file)) {
+HelpFile::HelpFile(std::string content) : archive_(std::move(content)) {
   ReadContents();
   CollectPages();
 }
@@ -65,6 +65,8 @@ void HelpFile::CollectPages() {
   for (const auto& [path, place] : archive_.directory()) {
     if (path.ends_with(kPageEnding)) add(path);
   }
+  if (pages_.empty()) throw DocumentError(3, "no pages");
+  if (!Read(home_)) home_ = pages_.front();
 }
 
 Text HelpFile::Title(std::string_view path) const { return PageTitle(Read(path).value_or("")); }

@@ -2,7 +2,6 @@
 
 // One help file: its table of contents and its pages.
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,14 +21,17 @@ struct HelpEntry {
 
 class HelpFile {
  public:
-  // Reads the whole file. Throws FileError when it cannot be read, DocumentError when it is damaged
-  // or has no contents.
-  explicit HelpFile(const std::filesystem::path& file);
+  // `content` is what the help file holds. Throws DocumentError when it is damaged, or has no
+  // table of contents or no pages.
+  explicit HelpFile(std::string content);
 
   // The table of contents from top to bottom. An entry is at most one level below the one before.
   const std::vector<HelpEntry>& contents() const { return contents_; }
   // The paths of all pages: those of the contents in their order, then the others.
   const std::vector<std::string>& pages() const { return pages_; }
+
+  // The page to begin with: "/index.html", or the first page where there is no such.
+  const std::string& home() const { return home_; }
 
   // A page (in UTF-8) or a picture; none when there is none of that path. It stays as long as this
   // object.
@@ -44,6 +46,7 @@ class HelpFile {
   HelpArchive archive_;
   std::vector<HelpEntry> contents_;
   std::vector<std::string> pages_;
+  std::string home_ = "/index.html";
 };
 
 }  // namespace tessarin

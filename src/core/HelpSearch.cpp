@@ -16,9 +16,8 @@ constexpr char16_t kIdeographicBlank = u'\u3000';
 constexpr char16_t kHardBlank = u'\u00A0';
 
 bool HasAll(TextView text, const std::vector<Text>& lowerWords) {
-  return std::all_of(lowerWords.begin(), lowerWords.end(), [&](const Text& word) {
-    return text.find(word) != TextView::npos;
-  });
+  return std::all_of(lowerWords.begin(), lowerWords.end(),
+                     [&](const Text& word) { return text.find(word) != TextView::npos; });
 }
 
 // A cut near `at`: behind a blank when there is one, and never inside a pair of surrogates.
@@ -56,6 +55,8 @@ HelpSearch::HelpSearch(const HelpFile& file) {
     page.path = path;
     page.title = file.Title(path);
     page.text = PlainText(file.Read(path).value_or(""));
+    // The heading says the title once more, which a snippet need not.
+    if (page.text.starts_with(page.title)) page.text.erase(0, page.title.size());
     page.lowerTitle = ToLower(page.title);
     page.lowerText = ToLower(page.text);
     pages_.push_back(std::move(page));
@@ -70,11 +71,10 @@ std::vector<HelpHit> HelpSearch::Find(const std::vector<Text>& words) const {
   std::transform(words.begin(), words.end(), std::back_inserter(lower),
                  [](const Text& word) { return ToLower(word); });
   for (const Page& page : pages_) {
-    const bool titled = HasAll(page.lowerTitle, lower);
-    if (!titled && !HasAll(page.lowerText, lower)) continue;
-    const std::size_t at = std::min(page.lowerText.find(lower.front()), page.lowerText.size());
-    auto& hits = titled ? inTitle : inText;
-    hits.push_back({page.path, page.title, Snippet(page.text, at == page.text.size() ? 0 : at)});
+    if (!HasAll(page.lowerTitle + u' ' + page.lowerText, lower)) continue;
+    const std::size_t at = page.lowerText.find(lower.front());
+    auto& hits = HasAll(page.lowerTitle, lower) ? inTitle : inText;
+    hits.push_back({page.path, page.title, Snippet(page.text, at == Text::npos ? 0 : at)});
   }
   inTitle.insert(inTitle.end(), inText.begin(), inText.end());
   return inTitle;

@@ -37,14 +37,14 @@ int LanguageIndexOf(TextView registryCode) {
 void Language::readLangFile(int index) {
   const int known = index >= 1 && index <= 8 ? index : 0;
   const LanguageRow& row = kLanguages[static_cast<std::size_t>(known)];
-  tables_ = Parse(FromUtf8(modFile::ReadWholeFile(files_.ShippedPath(row.languageFile))));
+  tables_ = ParseLanguageFile(modFile::ReadWholeFile(files_.ShippedPath(row.languageFile)));
   index_ = known;
   helpFile_ = files_.ShippedPath(row.helpFile);
 }
 
-Language::Tables Language::Parse(TextView text) {
-  const auto pieces = Split(text, kPieceSeparator);
-  Tables tables;
+LanguageTables ParseLanguageFile(std::string_view utf8) {
+  const auto pieces = Split(FromUtf8(utf8), kPieceSeparator);
+  LanguageTables tables;
   for (std::size_t piece = 1; piece <= 2; ++piece) {
     if (piece >= pieces.size()) throw BoundsError();
     const auto groups = Split(pieces[piece], kGroupSeparator);

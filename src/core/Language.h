@@ -11,6 +11,7 @@
 #include <array>
 #include <filesystem>
 #include <initializer_list>
+#include <string_view>
 #include <vector>
 
 #include "codecs/Text.h"
@@ -38,6 +39,13 @@ inline constexpr char16_t kRegistryLanguage[] = u"Language";
 // The language index of a registry code; 0, English, for any other text.
 int LanguageIndexOf(TextView registryCode);
 
+// Prompts, errors, interface texts, and three tables of no use yet.
+using LanguageTables = std::array<std::vector<Text>, 6>;
+
+// The six tables of a language file's content. Throws BoundsError when it has fewer pieces or
+// groups.
+LanguageTables ParseLanguageFile(std::string_view utf8);
+
 // `text` with its placeholders "###1", "###2" ... replaced by the values in order.
 Text FillPlaceholders(TextView text, std::initializer_list<Text> values);
 
@@ -63,14 +71,12 @@ class Language {
   const std::filesystem::path& helpFile() const { return helpFile_; }
 
  private:
-  enum Table { Prompts, Errors, Interface, Further1, Further2, Further3, TableCount };
-  using Tables = std::array<std::vector<Text>, TableCount>;
+  enum Table { Prompts, Errors, Interface };
 
-  static Tables Parse(TextView text);
   const Text& At(Table table, int index) const;
 
   const modFile& files_;
-  Tables tables_;
+  LanguageTables tables_;
   int index_ = 0;
   std::filesystem::path helpFile_;
 };

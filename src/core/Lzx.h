@@ -70,7 +70,7 @@ class LzxDecoder {
   bool begun_ = false;
   int kind_ = kVerbatim;
   std::size_t blockRest_ = 0;
-  std::size_t limit_ = 0;  // of the present block or frame, in the output
+  std::size_t limit_ = 0;                // of the present block or frame, in the output
   std::array<std::size_t, 3> recent_{};  // the last distances
   std::vector<std::uint8_t> mainLengths_;
   std::vector<std::uint8_t> lengthLengths_;

@@ -31,8 +31,8 @@ constexpr std::array kEntities = std::to_array<Entity>({
 });
 
 // Tags that stand inside a word or a sentence and divide nothing.
-constexpr std::array kInline = {"a"sv, "b"sv, "code"sv, "em"sv, "i"sv, "kbd"sv, "span"sv,
-                                "strong"sv};
+constexpr std::array kInline = {"a"sv, "b"sv,   "code"sv, "em"sv,
+                                "i"sv, "kbd"sv, "span"sv, "strong"sv};
 // Elements whose text is not part of the page.
 constexpr std::array kUnseen = {"head"sv, "script"sv, "style"sv};
 

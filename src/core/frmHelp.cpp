@@ -33,7 +33,6 @@ constexpr std::array kHelpPages = std::to_array<HelpPage>({
     {"index.html", "home"},
     {"sync.html", "sync"},
 });
-constexpr char kHomePage[] = "index.html";
 
 std::string PathOf(std::string_view name) { return std::string("/").append(name); }
 
@@ -70,7 +69,7 @@ frmHelp::frmHelp(WindowHost& host, const Language& language)
     history_.Forward();
     ShowPresent();
   });
-  cmdHome.clicked.Always([this] { GoTo({PathOf(kHomePage), {}}); });
+  cmdHome.clicked.Always([this] { GoHome(); });
   cmdSearch.clicked.Always([this] { Search(); });
   txtSearch.edited.Always([this] {
     if (txtSearch.text->empty()) Search();
@@ -80,6 +79,7 @@ frmHelp::frmHelp(WindowHost& host, const Language& language)
     if (place) GoTo(*place);
   });
   lvwFound.selectionChanged.Always([this] { ShowFound(); });
+  lvwFound.activated.Always([this] { ShowFound(); });
   htmPage.linkClicked.Always([this](const std::string& link) {
     const auto place = FollowLink(htmPage.path(), link);
     if (place) GoTo(*place);
@@ -88,12 +88,18 @@ frmHelp::frmHelp(WindowHost& host, const Language& language)
 
 void frmHelp::Open(int panel) {
   const bool known = panel >= 0 && panel <= kStartPanel;
-  OpenPage(known ? kHelpPages[static_cast<std::size_t>(panel)].name : kHomePage);
+  OpenPage(known ? kHelpPages[static_cast<std::size_t>(panel)].name : "");
 }
 
 void frmHelp::OpenPage(std::string_view name) {
   if (!OpenBook()) return;
-  GoTo({PathOf(name), {}});
+  const HelpPlace place{PathOf(name), {}};
+  if (book_->file.Read(place.path)) {
+    GoTo(place);
+  } else {
+    GoHome();
+  }
+  tvwContents.Expand(tvwContents.SelectedKey());
   Show(Modality::Modeless);
 }
 
@@ -103,10 +109,8 @@ bool frmHelp::OpenBook() {
   try {
     book_.emplace(path);
   } catch (const Fault&) {
-    book_.reset();
-    host().MessageBox(Replace(language_.getTSErrStr(text::error::kHelpFile), u"###1",
-                              FromUtf8(path.string())),
-                      MessageKind::Error);
+    const Text& message = language_.getTSErrStr(text::error::kHelpFile);
+    host().MessageBox(FillPlaceholders(message, {FromUtf8(path.string())}), MessageKind::Error);
     return false;
   }
   bookPath_ = path;
@@ -143,7 +147,8 @@ void frmHelp::ApplyCaptions() {
   const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
   cmdBack.caption = word(words::kHelpBack);
   cmdForward.caption = word(words::kHelpForward);
-  cmdHome.caption = word(words::kNameStartPanel);
+  cmdHome.toolTip = book_->file.Title(book_->file.home());
+  cmdHome.accessibleName = cmdHome.toolTip();
   cmdSearch.caption = word(words::kHelpSearch);
   txtSearch.toolTip = word(words::kHelpSearchHint);
   txtSearch.accessibleName = word(words::kHelpSearchHint);
@@ -159,8 +164,8 @@ void frmHelp::FillContents() {
     const auto level = static_cast<std::size_t>(entry.level);
     parents.resize(level);
     const Text parent = parents.empty() ? Text() : parents.back();
-    const Text key = entry.place.path.empty() ? u"#" + ToText(tvwContents.Count())
-                                              : KeyOf(entry.place);
+    const Text key =
+        entry.place.path.empty() ? u"#" + ToText(tvwContents.Count()) : KeyOf(entry.place);
     AddEntry(entry, parent, key);
     parents.push_back(key);
   }
@@ -171,9 +176,9 @@ void frmHelp::AddEntry(const HelpEntry& entry, const Text& parent, const Text& k
   tvwContents.Add(parent, key, entry.title, image, image);
 }
 
-// An empty question brings the contents back.
+// The best page is shown at once. An empty question brings the contents back.
 void frmHelp::Search() {
-  const auto wanted = SearchWords(txtSearch.text);
+  const auto wanted = SearchWords(txtSearch.text());
   if (!book_ || wanted.empty()) {
     ShowList(false, language_.getTSInterfaceStr(words::kHelpContents));
     return;
@@ -188,11 +193,12 @@ void frmHelp::Search() {
     rows.push_back(std::move(row));
   }
   lvwFound.Fill(std::move(rows));
-  const Text nothing = language_.Filled(words::kHelpNothingFound, {txtSearch.text});
-  const Text found =
-      language_.Filled(words::kHelpFound, {ToText(static_cast<long long>(hits.size()))});
-  lvwFound.emptyText = nothing;
-  ShowList(true, hits.empty() ? nothing : found);
+  lvwFound.emptyText = language_.Filled(words::kHelpNothingFound, {txtSearch.text});
+  const auto count = static_cast<long long>(hits.size());
+  ShowList(true, language_.Filled(words::kHelpFound, {ToText(count)}));
+  if (hits.empty()) return;
+  lvwFound.SetCurrent(0);
+  ShowFound();
 }
 
 void frmHelp::ShowList(bool found, const Text& heading) {
@@ -205,13 +211,15 @@ void frmHelp::ShowFound() {
   if (lvwFound.Current() < 0) return;
   const HelpPlace place{lvwFound.Row(lvwFound.Current()).key, {}};
   GoTo(place);
-  if (htmPage.path() == place.path) htmPage.marks = SearchWords(txtSearch.text);
+  if (htmPage.path() == place.path) htmPage.marks = SearchWords(txtSearch.text());
 }
 
 void frmHelp::GoTo(const HelpPlace& place) {
   if (ShowPlace(place)) history_.Add(place);
   ShowButtons();
 }
+
+void frmHelp::GoHome() { GoTo({book_->file.home(), {}}); }
 
 // A place that the file does not hold leaves the page that is shown.
 bool frmHelp::ShowPlace(const HelpPlace& place) {
@@ -221,13 +229,20 @@ bool frmHelp::ShowPlace(const HelpPlace& place) {
   htmPage.ShowPage(place.path, std::string(*html), place.anchor);
   lblTitle.text = book_->file.Title(place.path);
   caption = lblTitle.text() + u" - " + language_.getTSInterfaceStr(words::kHelpTitle);
-  const Text key = KeyOf(place);
-  if (tvwContents.SelectedKey() != key) tvwContents.Select(key);
+  SelectInContents(place);
   return true;
 }
 
+// A place that has no entry of its own belongs to that of its page.
+void frmHelp::SelectInContents(const HelpPlace& place) {
+  const TreeNode* node = tvwContents.Find(KeyOf(place));
+  const Text key = node != nullptr ? node->key : KeyOf({place.path, {}});
+  if (node != nullptr && node->parent != nullptr) tvwContents.Expand(node->parent->key);
+  if (tvwContents.SelectedKey() != key) tvwContents.Select(key);
+}
+
 void frmHelp::ShowPresent() {
-  if (!ShowPlace(history_.Present())) GoTo({PathOf(kHomePage), {}});
+  if (!ShowPlace(history_.Present())) GoHome();
   ShowButtons();
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "codecs/modFile.h"
 #include "controls/Basics.h"
 #include "controls/HtmlView.h"
 #include "controls/ListView.h"
@@ -54,7 +55,8 @@ class frmHelp : public Window, public SessionPart {
  private:
   // An open help file. The search holds the text of all its pages.
   struct Book {
-    explicit Book(const std::filesystem::path& path) : file(path), search(file) {}
+    explicit Book(const std::filesystem::path& path)
+        : file(modFile::ReadWholeFile(path)), search(file) {}
     HelpFile file;
     HelpSearch search;
   };
@@ -66,7 +68,9 @@ class frmHelp : public Window, public SessionPart {
   void Search();
   void ShowList(bool found, const Text& heading);
   void GoTo(const HelpPlace& place);
+  void GoHome();
   bool ShowPlace(const HelpPlace& place);
+  void SelectInContents(const HelpPlace& place);
   void ShowPresent();
   void ShowButtons();
   void ShowFound();

@@ -105,7 +105,8 @@ Text regAPI::RegGetString(TextView key, TextView valueName) const {
     if (!place.found) return {};
     const std::string value = lines[place.line].substr(name.size() + 1);
     if (value.starts_with(kNumberMark)) return FromUtf8(NumberText(value.substr(6)));
-    return FromUtf8(Unquoted(value));
+    const std::string text = Unquoted(value);
+    return FromUtf8(text.substr(0, text.find('\0')));
   } catch (const FileError&) {
     return {};  // a setting that cannot be read is a setting that was never made
   }

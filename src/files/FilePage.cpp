@@ -110,7 +110,6 @@ void FilePage::subfileLoading() {
   const Text key = session_.tvwPhoneDir.SelectedKey();
   Text xml;
   if (!ReadFolder(key, xml)) return;
-  session_.tvwPhoneDir.RemoveChildren(key);
   ShowFolder(key, xml);
   session_.tvwPhoneDir.Expand(key);
 }
@@ -145,6 +144,7 @@ void FilePage::ShowFolder(const Text& key, TextView xml) {
     return;
   }
   currentFolder_ = key;
+  session_.tvwPhoneDir.RemoveChildren(key);
   for (const Text& folder : listing.folders) {
     const Text path = key.empty() ? folder : key + u"\\" + folder;
     session_.tvwPhoneDir.Add(key, path, folder, kClosed, kOpen);

@@ -49,7 +49,7 @@ std::optional<fs::path> PortMap::Link(int port) const {
 }
 
 std::optional<fs::path> PortMap::Device(int port) const {
-  if (const auto link = Link(port)) return link;
+  if (auto link = Link(port)) return link;
   const PortRange* range = FindRange(port);
   if (range == nullptr) return std::nullopt;
   const int number = port - range->first + range->firstDevice;

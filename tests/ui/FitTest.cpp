@@ -92,7 +92,8 @@ class FitTest : public testing::TestWithParam<int> {
   static void ExpectButtonFits(const QAbstractButton& button) {
     if (button.text().isEmpty()) {
       EXPECT_NE(button.objectName(), QStringLiteral("qt_toolbar_ext_button"))
-          << "the bar is too narrow for its buttons in " << button.window()->windowTitle().toStdString();
+          << "the bar is too narrow for its buttons in "
+          << button.window()->windowTitle().toStdString();
       return;
     }
     EXPECT_LE(button.sizeHint().width(), button.width()) << Where(button, button.text());
@@ -139,6 +140,14 @@ TEST_P(FitTest, SearchWindowWithEverySentence) {
                                   {Kind::Silent, "/dev/rfcomm0", ""}};
   for (int port = 3; const PortTrouble& trouble : troubles) splash.PassedOver(port++, trouble);
   ExpectWordsFit(splash);
+}
+
+TEST_P(FitTest, Help) {
+  program_->help().Open(kStartPanel);
+  ExpectWordsFit(program_->help());
+  program_->help().txtSearch.text = u"Tessarin";
+  program_->help().cmdSearch.clicked();
+  ExpectWordsFit(program_->help(), {900, 600});
 }
 
 TEST_P(FitTest, Dialogs) {

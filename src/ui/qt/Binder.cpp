@@ -1,5 +1,6 @@
 #include "ui/qt/Binder.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -23,7 +24,16 @@ void Binder::Follow(Control& control, std::function<void()> update) {
   connections_.push_back(control.changed.Connect(std::move(update)));
 }
 
-void Binder::Act(const std::function<void()>& act) { host_.RunEvent(act); }
+void Binder::Act(const std::function<void()>& act) {
+  if (!released_) host_.RunEvent(act);
+}
+
+void Binder::Release() {
+  released_ = true;
+  connections_.clear();
+  for (QTimer* timer : findChildren<QTimer*>()) timer->stop();
+  for (QAbstractItemView* view : views_) view->setModel(nullptr);
+}
 
 void Binder::BindState(Control& control, QWidget& widget, std::function<void()> update) {
   widget.setObjectName(QString::fromStdString(control.name()));

@@ -10,6 +10,7 @@
 
 #include "controls/Basics.h"
 #include "controls/Grid.h"
+#include "controls/HtmlView.h"
 #include "controls/ItemList.h"
 #include "controls/ListView.h"
 #include "controls/Menu.h"
@@ -18,6 +19,7 @@
 #include "controls/TreeView.h"
 
 class QAbstractButton;
+class QAbstractItemView;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -30,6 +32,7 @@ class QProgressBar;
 class QPushButton;
 class QStatusBar;
 class QTableView;
+class QTextBrowser;
 class QToolBar;
 class QTreeView;
 class QWidget;
@@ -61,7 +64,12 @@ class Binder : public QObject {
   QStatusBar* Bind(StatusBar& bar);
   QMenuBar* Bind(Menu& menu);
   QWidget* Bind(Panel& panel);
+  QTextBrowser* Bind(HtmlView& view);
   void Bind(Timer& timer);
+
+  // Parts the widgets from the controls for good: from here on neither hears of the other, and the
+  // controls may be destroyed before the widgets are.
+  void Release();
 
   // Runs now, and again at each change of the control, for as long as the window is seen.
   void Follow(Control& control, std::function<void()> update);
@@ -75,6 +83,8 @@ class Binder : public QObject {
 
   WindowHost& host_;
   QWidget& top_;
+  bool released_ = false;
+  std::vector<QAbstractItemView*> views_;  // whose models read a control
   std::vector<Connection> connections_;
 };
 

@@ -1,6 +1,5 @@
 // The bindings of lists, trees and grids.
 
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QPainter>
@@ -34,6 +33,24 @@ class RowsWidget : public QTreeView {
 
  private:
   const ListView& list_;
+};
+
+// A tree that knows whether the mouse is what moves its selection: a press is followed by a click,
+// and must not count twice.
+class NodesWidget : public QTreeView {
+ public:
+  using QTreeView::QTreeView;
+  bool IsPressed() const { return pressed_; }
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    pressed_ = true;
+    QTreeView::mousePressEvent(event);
+    pressed_ = false;
+  }
+
+ private:
+  bool pressed_ = false;
 };
 
 void ShowSelection(const ListView& list, QTreeView& view) {
@@ -96,6 +113,7 @@ QTreeView* Binder::Bind(ListView& list) {
   auto* widget = new RowsWidget(list, &top_);
   auto* model = new ListModel(list, widget);
   widget->setModel(model);
+  views_.push_back(widget);
   LookLikeAList(*widget);
   auto shown = std::make_shared<std::vector<ListColumn>>();
   BindState(list, *widget, [&list, widget, model, shown] {
@@ -122,9 +140,10 @@ QTreeView* Binder::Bind(ListView& list) {
 }
 
 QTreeView* Binder::Bind(TreeView& tree) {
-  auto* widget = new QTreeView(&top_);
+  auto* widget = new NodesWidget(&top_);
   auto* model = new TreeModel(tree, widget);
   widget->setModel(model);
+  views_.push_back(widget);
   widget->setHeaderHidden(true);
   widget->setUniformRowHeights(true);
   widget->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -150,9 +169,8 @@ QTreeView* Binder::Bind(TreeView& tree) {
   // Keys and a screen reader's choice; the latter selects a node without making it the current one.
   connect(widget->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [widget, chosen](const QItemSelection& selected) {
-            const bool byMouse =
-                widget->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton);
-            if (!byMouse && !selected.isEmpty()) chosen(selected.indexes().constFirst());
+            if (!widget->IsPressed() && !selected.isEmpty())
+              chosen(selected.indexes().constFirst());
           });
   connect(widget, &QTreeView::expanded, this, [this, &tree](const QModelIndex& index) {
     const Text key = TreeModel::Node(index).key;
@@ -169,6 +187,7 @@ QTableView* Binder::Bind(Grid& grid) {
   auto* widget = new QTableView(&top_);
   auto* model = new GridModel(grid, widget);
   widget->setModel(model);
+  views_.push_back(widget);
   widget->verticalHeader()->hide();
   widget->setSelectionMode(QAbstractItemView::SingleSelection);
   widget->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -17,6 +17,10 @@ QVariant BoldFont(bool bold) {
   return font;
 }
 
+QVariant Alignment(const ListColumn& column) {
+  return static_cast<int>(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
+}
+
 }  // namespace
 
 ListModel::ListModel(ListView& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
@@ -45,18 +49,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::FontRole:
       return BoldFont(row.bold);
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignVCenter |
-                              (list_.columns()[static_cast<std::size_t>(index.column())].numbers
-                                   ? Qt::AlignRight
-                                   : Qt::AlignLeft));
+      return Alignment(list_.columns()[static_cast<std::size_t>(index.column())]);
     default:
       return {};
   }
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return ToQt(list_.columns()[static_cast<std::size_t>(section)].heading);
+  if (orientation != Qt::Horizontal) return {};
+  const ListColumn& column = list_.columns()[static_cast<std::size_t>(section)];
+  if (role == Qt::TextAlignmentRole) return Alignment(column);
+  return role == Qt::DisplayRole ? ToQt(column.heading) : QVariant();
 }
 
 TreeModel::TreeModel(TreeView& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {}

@@ -34,6 +34,13 @@ void CopyRows(const QAbstractItemView& view) {
   if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
+// A window that is open already may be minimized, or lie behind another.
+void BringToFront(QWidget& top) {
+  top.setWindowState(top.windowState() & ~Qt::WindowMinimized);
+  top.raise();
+  top.activateWindow();
+}
+
 }  // namespace
 
 QtWindowHost::QtWindowHost(std::vector<Layout> layouts) : layouts_(std::move(layouts)) {}
@@ -100,6 +107,7 @@ void QtWindowHost::DoShow(Window& window, Modality modality) {
   QWidget& top = *shown.top;
   if (modality == Modality::Modeless) {
     top.show();
+    if (known != nullptr) BringToFront(top);
     return;
   }
   QEventLoop loop;
@@ -107,7 +115,8 @@ void QtWindowHost::DoShow(Window& window, Modality modality) {
   top.setWindowModality(Qt::ApplicationModal);
   top.show();
   loop.exec();
-  // The window may be gone by now, and `shown` with it.
+  // The window may be gone by now, and `shown` with it. When it is not, the program is ending.
+  if (Shown* standing = Find(window)) standing->modalLoop = nullptr;
 }
 
 void QtWindowHost::DoUnload(Window& window) {
@@ -116,8 +125,8 @@ void QtWindowHost::DoUnload(Window& window) {
     const auto shown = std::move(*place);
     shown_.erase(place);
     if (shown->modalLoop != nullptr) shown->modalLoop->quit();
-    shown->binder->disconnect();
     shown->top->hide();
+    shown->binder->Release();
     // The call may come from a widget of this very window, which must outlive its own signal.
     shown->binder.release()->deleteLater();
     shown->top.release()->deleteLater();

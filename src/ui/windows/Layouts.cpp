@@ -4,6 +4,7 @@
 #include "core/TessarinMenu.h"
 #include "core/bar.h"
 #include "core/frmAbout.h"
+#include "core/frmHelp.h"
 #include "core/frmPhoneInfo.h"
 #include "core/frmSplashFindCOM.h"
 #include "files/frmSplashTransmission.h"
@@ -28,6 +29,7 @@ std::vector<Layout> AllLayouts() {
       Of<Asking>("Asking", Kind::Dialog),
       Of<bar>("bar", Kind::Busy),
       Of<frmAbout>("frmAbout", Kind::Dialog),
+      Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
       Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),

@@ -20,7 +20,9 @@ void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   auto* menu = bind.Bind(window.MainMenu);
   auto* state = bind.Bind(window.Lbstatus);
   state->setContentsMargins(0, 0, kGap, 0);
-  menu->setCornerWidget(state);
+  state->setWordWrap(false);
+  // A menu bar measures its corner anew only when it is told of the widget.
+  bind.Follow(window.Lbstatus, [menu, state] { menu->setCornerWidget(state); });
   frame.setMenuBar(menu);
   frame.setContextMenuPolicy(Qt::NoContextMenu);
   auto* pages = bind.Bind(window.Toolbar2, true);

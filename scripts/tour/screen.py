@@ -1,0 +1,128 @@
+"""What a screen reader sees: the program's widgets by role and name, over the accessibility bus.
+
+The bus is spoken to directly. The usual library keeps a cache that is only right while its own
+event loop runs; a walk-through that acts and waits wants the present state each time.
+"""
+
+import time
+
+from gi.repository import Gio, GLib
+
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+ACTION = "org.a11y.atspi.Action"
+COMPONENT = "org.a11y.atspi.Component"
+REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+NULL_PATH = "/org/a11y/atspi/null"
+SHOWING = 25  # the bit of the state "on the screen"
+SCREEN_COORDINATES = 0
+CALL_LIMIT = 5_000  # milliseconds
+
+
+class Gone(Exception):
+    """The widget, or the whole program, is not there or does not answer."""
+
+
+def ask(bus, owner, path, interface, method, arguments=None):
+    try:
+        return bus.call_sync(owner, path, interface, method, arguments, None,
+                             Gio.DBusCallFlags.NONE, CALL_LIMIT, None).unpack()
+    except GLib.Error as error:
+        raise Gone(f"{method}: {error.message}") from error
+
+
+class Node:
+    """One accessible object. Every property is asked anew."""
+
+    def __init__(self, bus, owner, path):
+        self.bus, self.owner, self.path = bus, owner, path
+
+    def _ask(self, interface, method, arguments=None):
+        return ask(self.bus, self.owner, self.path, interface, method, arguments)
+
+    def _property(self, name):
+        arguments = GLib.Variant("(ss)", (ACCESSIBLE, name))
+        return self._ask("org.freedesktop.DBus.Properties", "Get", arguments)[0]
+
+    @property
+    def name(self):
+        return self._property("Name")
+
+    @property
+    def role(self):
+        return self._ask(ACCESSIBLE, "GetRoleName")[0]
+
+    @property
+    def showing(self):
+        return bool(self._ask(ACCESSIBLE, "GetState")[0][0] >> SHOWING & 1)
+
+    @property
+    def parent(self):
+        return Node(self.bus, *self._property("Parent"))
+
+    @property
+    def children(self):
+        return [Node(self.bus, owner, path)
+                for owner, path in self._ask(ACCESSIBLE, "GetChildren")[0] if path != NULL_PATH]
+
+    @property
+    def area(self):
+        """x, y, width and height on the screen."""
+        return self._ask(COMPONENT, "GetExtents", GLib.Variant("(u)", (SCREEN_COORDINATES,)))[0]
+
+    def act(self, action):
+        """Does one of the widget's actions, such as "Press"."""
+        offered = [name for name, _, _ in self._ask(ACTION, "GetActions")[0]]
+        if action not in offered:
+            raise Gone(f"“{self.name}” offers {offered}, not {action}")
+        self._ask(ACTION, "DoAction", GLib.Variant("(i)", (offered.index(action),)))
+
+    def all_showing(self):
+        """All that is on the screen below this object."""
+        for child in self.children:
+            try:
+                if child.showing:
+                    yield child
+                    yield from child.all_showing()
+            except Gone:
+                continue  # it went while it was looked at
+
+    def find(self, role, name):
+        """The first on the screen with this role whose name is, or is accepted by, `name`."""
+        accepts = name if callable(name) else lambda each: each == name
+        for node in self.all_showing():
+            if node.role == role and accepts(node.name):
+                return node
+        return None
+
+
+def connect():
+    """The accessibility bus of this session."""
+    session = Gio.bus_get_sync(Gio.BusType.SESSION, None)
+    address = ask(session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
+    flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
+             Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+    return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+
+
+def program(bus, process):
+    """The accessible root of the program that runs as this process, or None."""
+    for node in Node(bus, *REGISTRY).children:
+        owner = GLib.Variant("(s)", (node.owner,))
+        daemon = "org.freedesktop.DBus"
+        if ask(bus, daemon, "/", daemon, "GetConnectionUnixProcessID", owner)[0] == process:
+            return node
+    return None
+
+
+def wait(what, condition, limit):
+    """Polls until `condition` gives something true, and returns it; fails after `limit` seconds."""
+    end = time.monotonic() + limit
+    reason = ""
+    while time.monotonic() < end:
+        try:
+            if answer := condition():
+                return answer
+        except Gone as gone:
+            reason = f" ({gone})"
+        time.sleep(0.05)
+    raise TimeoutError(f"{what}: not seen within {limit} s{reason}")

@@ -1,0 +1,170 @@
+#include "files/FilePage.h"
+
+#include "codecs/Faults.h"
+#include "tests/support/SessionBench.h"
+
+namespace tessarin {
+namespace {
+
+TEST(PhoneFileRow, SplitsANameAtItsLastPoint) {
+  const struct {
+    const char16_t* name;
+    const char16_t* stem;
+    const char16_t* extension;
+    const char* image;
+  } cases[] = {
+      {u"Ode.mid", u"Ode", u"mid", "file-audio"},
+      {u"BIG BAND.MID", u"BIG BAND", u"MID", "file-audio"},
+      {u"chess.v2.final.gif", u"chess.v2.final", u"gif", "file-image"},
+      {u"README", u"README", u"", "file"},
+      {u"a.", u"a", u"", "file"},
+      {u".hidden", u"", u"hidden", "file"},
+      {u"..", u".", u"", "file"},
+      {u"山水.gif", u"山水", u"gif", "file-image"},
+  };
+  for (const auto& c : cases) {
+    const ListRow row = PhoneFileRow(c.name, u"12");
+    EXPECT_EQ(row.cells, (std::vector<Text>{c.stem, u"12", c.extension})) << ToUtf8(c.name);
+    EXPECT_EQ(row.image, c.image) << ToUtf8(c.name);
+  }
+}
+
+class FilePageTest : public SessionBench {
+ protected:
+  FilePageTest() {
+    session.AddPage(page_);
+    Put("Phone/Other/empty.txt", "");
+    Put("Phone/Other/README", "12345");
+    Put("Phone/Sounds & <more>/Колыбельная.v2.mid", "MThd");
+    StartAndConnect();
+  }
+  void Put(const std::string& name, const std::string& content) const {
+    std::filesystem::create_directories((folder.Path() / "phone" / name).parent_path());
+    folder.Write("phone/" + name, content);
+  }
+
+  // A click, and the tick that does what it asked for.
+  void Open() {
+    host.RunEvent([this] { session.Toolbar2.clicked("File"); });
+    Tick(session.Timer1);
+  }
+  void Enter(TextView key) {
+    host.RunEvent([&] { session.tvwPhoneDir.SelectByUser(key); });
+    Tick(session.Timer1);
+  }
+
+  // The list, one file a word.
+  std::string Files() const {
+    std::string list;
+    for (const ListRow& row : session.lvwPhoneFile.rows()) {
+      list += ToUtf8(row.cells[0] + u"|" + row.cells[1] + u"|" + row.cells[2]) + " ";
+    }
+    return list;
+  }
+  std::string ChildrenOf(TextView key) const {
+    std::string children;
+    for (const auto& child : session.tvwPhoneDir.Find(key)->children) {
+      children += ToUtf8(child->key + u"=" + child->text) + " ";
+    }
+    return children;
+  }
+  // The phone is in AT mode and the program idle, as between any two ticks.
+  void ExpectIdle() const {
+    EXPECT_EQ(session.commandState, job::kIdlePoll);
+    EXPECT_FALSE(phone.InObexMode());
+    EXPECT_EQ(host.Find("frmSplashTransmission"), nullptr);
+    EXPECT_TRUE(session.tvwPhoneDir.enabled);
+  }
+
+  frmSplashTransmission busyWindow_{session};
+  FilePage page_{session, link, busyWindow_};
+};
+
+TEST_F(FilePageTest, WalksThePhonesFolders) {
+  Open();
+  EXPECT_EQ(session.tvwPhoneDir.roots()[0]->text, u"T610");
+  EXPECT_EQ(ChildrenOf(u""), "Phone=Phone Card=Card ");
+  EXPECT_EQ(Files(), "");
+  Enter(u"Phone");
+  EXPECT_EQ(ChildrenOf(u"Phone"), "Phone\\Other=Other Phone\\Sounds & <more>=Sounds & <more> ");
+  Enter(u"Phone\\Other");
+  EXPECT_EQ(Files(), "README|5| empty|0|txt ");
+  EXPECT_EQ(page_.currentFolder(), u"Phone\\Other");
+  Enter(u"Phone\\Sounds & <more>");
+  EXPECT_EQ(Files(), "Колыбельная.v2|4|mid ");
+  Enter(u"Phone");
+  EXPECT_EQ(ChildrenOf(u"Phone"), "Phone\\Other=Other Phone\\Sounds & <more>=Sounds & <more> ")
+      << "a folder that is read again has each child once";
+  Enter(u"");
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 3) << "the root starts the tree anew";
+  EXPECT_EQ(page_.currentFolder(), u"");
+  ExpectIdle();
+  EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(FilePageTest, AFolderThatIsGoneLeavesTreeAndListAsTheyAre) {
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  std::filesystem::remove_all(folder.Path() / "phone" / "Phone" / "Sounds & <more>");
+  Enter(u"Phone\\Sounds & <more>");
+  EXPECT_EQ(Files(), "README|5| empty|0|txt ");
+  EXPECT_EQ(page_.currentFolder(), u"Phone\\Other");
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 5);
+  EXPECT_TRUE(host.boxes.empty());
+  ExpectIdle();
+}
+
+TEST_F(FilePageTest, ADamagedListingIsToldAndCostsThatFolderOnly) {
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  port.spoil = [](std::string& sent) {
+    const auto place = sent.find("<folder name");
+    if (place != std::string::npos) sent.replace(place, 12, "<folder<name");
+  };
+  Enter(u"Phone");
+  ASSERT_EQ(host.boxes.size(), 1u);
+  const Text& told = language.getTSErrStr(text::error::kListingDamaged);
+  EXPECT_TRUE(host.boxes[0].text.starts_with(told.substr(0, told.find(u"###1"))));
+  EXPECT_EQ(host.boxes[0].text.find(u"###"), Text::npos);
+  EXPECT_EQ(host.boxes[0].kind, MessageKind::Error);
+  EXPECT_EQ(Files(), "README|5| empty|0|txt ");
+  EXPECT_EQ(page_.currentFolder(), u"Phone\\Other");
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 5);
+  ExpectIdle();
+  port.spoil = nullptr;
+  Enter(u"Phone");
+  EXPECT_EQ(page_.currentFolder(), u"Phone");
+}
+
+TEST_F(FilePageTest, ARefusalLeavesAnEmptyTreeThatCanBeTriedAgain) {
+  settings.With(
+      [](phonesim::Behaviour& b) { b.refusedOperations[phonesim::ObexOperation::Listing] = {}; });
+  Open();
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 1);
+  EXPECT_TRUE(host.boxes.empty());
+  ExpectIdle();
+  settings.With([](phonesim::Behaviour& b) { b.refusedOperations.clear(); });
+  Enter(u"");
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 3);
+}
+
+TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnds) {
+  std::string moving;
+  port.spoil = [&](std::string& sent) {
+    const auto* window = static_cast<frmSplashTransmission*>(host.Find("frmSplashTransmission"));
+    if (window == nullptr || sent.find("folder-listing") == std::string::npos) return;
+    moving += ToUtf8(window->Animation1.file()) + (window->Animation1.playing ? " plays" : "");
+    throw BoundsError();
+  };
+  Open();
+  EXPECT_EQ(moving, "\\data transfer MPtoPC.avi plays");
+  EXPECT_EQ(host.boxes.size(), 1u);
+  EXPECT_FALSE(busyWindow_.IsLoaded());
+  EXPECT_FALSE(busyWindow_.Animation1.playing);
+  EXPECT_TRUE(host.IsEnding());
+}
+
+}  // namespace
+}  // namespace tessarin
