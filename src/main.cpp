@@ -39,5 +39,6 @@ int main(int argc, char** argv) {
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &host,
                    [&host] { host.RequestEnd(); });
   program.Start();
-  return host.HasQuit() ? 0 : QApplication::exec();
+  if (!host.HasQuit()) QApplication::exec();
+  return host.EndedByFault() ? 1 : 0;
 }

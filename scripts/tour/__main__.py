@@ -24,6 +24,13 @@ CODES = {"English": "en", "French": "fra", "German": "ger", "Italian": "it", "Ro
 WALKS = ("English-light", "English-dark", "German-light", "SimplifiedChinese-light")
 
 
+def there(walk):
+    try:
+        return f"on the screen: {walk.open_windows()}"
+    except screen.Gone as reason:
+        return f"the program does not answer ({reason})"
+
+
 def take(bus, name, steps):
     """One walk. False when a step failed."""
     language, theme = name.split("-")
@@ -36,7 +43,7 @@ def take(bus, name, steps):
             try:
                 seen, well = step(walk), True
             except (AssertionError, TimeoutError, screen.Gone) as reason:
-                seen, well = f"FAILED: {reason}", False
+                seen, well = f"FAILED: {reason}; {there(walk)}", False
             took = time.monotonic() - began
             print(f"  {number:2}. {step.__doc__}: {seen} ({took:.2f} s)", flush=True)
             shot = step.__name__.replace("_", "-") if well else "failed"

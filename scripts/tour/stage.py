@@ -101,6 +101,18 @@ class Stage:
         self.program = self._start(self._build / "bin/tessarin")
         return self.program.pid
 
+    def require_program(self):
+        if self.program.poll() is not None:
+            raise AssertionError(f"the program has ended with {self.program.returncode}, "
+                                 f"see {self._folder / 'log'}")
+
+    def program_end(self, limit):
+        """Waits for the program to end by itself; its exit status, or None after `limit` seconds."""
+        try:
+            return self.program.wait(limit)
+        except subprocess.TimeoutExpired:
+            return None
+
     def start_phone(self):
         self.phone = self._start(self._build / "phonesim/tessarin-phonesim", "--link", self._link,
                                  "--content", self._folder / "phone", "--battery", "charge")

@@ -22,15 +22,21 @@ class Walk:
         self._bus, self._stage, self._words, self._theme = bus, stage, texts, theme
         self._root = None
 
+    def open_windows(self):
+        """The titles of the windows, and the words in those that are not the main one."""
+        words = []
+        for window in self._root.children if self._root else []:
+            if window.showing:
+                labels = [node.name for node in window.all_showing() if node.role == "label"]
+                words.append(" / ".join([window.name] + labels * (window.role != "frame")))
+        return "; ".join(words)
+
     def _find(self, role, name):
+        self._stage.require_program()
         return self._root.find(role, name)
 
-    def _wait(self, role, name, limit=LIMIT):
-        return wait(f"{role} “{name}”", lambda: self._find(role, name), limit)
-
-    def _wait_for_text(self, beginning):
-        starts = lambda name: name.startswith(beginning) and name != beginning
-        return wait(f"text “{beginning}…”", lambda: self._find("label", starts), LIMIT).name
+    def _wait(self, role, name, limit=LIMIT, what=None):
+        return wait(what or f"{role} “{name}”", lambda: self._find(role, name), limit)
 
     def _wait_until_gone(self, role, name):
         wait(f"end of {role} “{name}”", lambda: self._find(role, name) is None, LIMIT)
@@ -58,7 +64,12 @@ class Walk:
     def search(self):
         """started without a phone"""
         pid = self._stage.start_program()
-        self._root = wait("the program", lambda: program(self._bus, pid), LIMIT)
+
+        def root():
+            self._stage.require_program()
+            return program(self._bus, pid)
+
+        self._root = wait("the program", root, LIMIT)
         window = self._wait("frame", "Tessarin")
         self._wait("dialog", self._words["kSearchTitle"])
         if (self._brightness(window) < DARK) != (self._theme == "dark"):
@@ -80,13 +91,15 @@ class Walk:
 
     def _connected(self):
         heading = re.compile(re.escape(self._words["kStartConnected"]).replace(r"\#\#\#1", "(.+)"))
-        name = self._wait("label", heading.fullmatch).name
-        model = heading.fullmatch(name).group(1)
-        seen = [self._wait_for_text(self._words.panel(number)) for number in (2, 3, BATTERY_PANEL)]
-        port = f"{model}{self._words['kStatusSeparator']}COM3"
-        if not seen[1].endswith(port) or not re.search(r"\b\d{1,3}%$", seen[2]):
-            raise AssertionError(f"the status bar says {seen}")
-        return f"“{name}”; " + "; ".join(seen)
+        # "Not connected" may look like a phone of that name.
+        connected = lambda name: name != self._words["kStartNoPhone"] and heading.fullmatch(name)
+        title = self._wait("label", connected, what="the phone's name").name
+        model = heading.fullmatch(title).group(1)
+        port = f"{self._words.panel(3)}{model}{self._words['kStatusSeparator']}COM3"
+        level = re.compile(re.escape(self._words.panel(BATTERY_PANEL)) + r"\d{1,3}%")
+        seen = [self._wait("label", self._words.panel(2) + self._words["kStatusConnected"]),
+                self._wait("label", port), self._wait("label", level.fullmatch, what="the battery")]
+        return f"“{title}”; " + "; ".join(node.name for node in seen)
 
     def charging(self):
         """watched the battery for some seconds"""
@@ -172,11 +185,13 @@ class Walk:
 
     def closed(self):
         """chose Exit in the menu"""
-        self._choose("kMenuFile", "kMenuExit")
-        program_ = self._stage.program
-        wait("the program's end", lambda: program_.poll() is not None, LIMIT)
-        if program_.returncode != 0:
-            raise AssertionError(f"the program ended with {program_.returncode}")
+        try:
+            self._choose("kMenuFile", "kMenuExit")
+        except Gone:
+            pass  # it may be gone before it answers; how it went is what counts
+        status = self._stage.program_end(LIMIT)
+        if status != 0:
+            raise AssertionError(f"the program ended with {status}")
         self._stage.end_phone()
         return "a clean end, and a phone without complaints"
 

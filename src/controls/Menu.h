@@ -38,7 +38,10 @@ class Menu : public Control {
   // Shows the menu of that key at the pointer.
   void PopUp(const std::string& key) { popUpRequested(key); }
 
-  Signal<const std::string&> clicked;         // the key of the entry
+  Signal<const std::string&> clicked;  // the key of the entry
+  // The menu of that key is about to be shown, and was closed again.
+  Signal<const std::string&> opening;
+  Signal<const std::string&> closed;
   Signal<const std::string&> popUpRequested;  // for the toolkit
 
  private:

@@ -15,8 +15,9 @@ auto ByKey(Buttons& buttons, std::string_view key) {
 
 }  // namespace
 
-void Toolbar::Clear() {
-  buttons_.clear();
+void Toolbar::Fill(std::vector<ToolbarButton> filled) {
+  if (filled == buttons_) return;
+  buttons_ = std::move(filled);
   changed();
 }
 

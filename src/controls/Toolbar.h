@@ -23,7 +23,9 @@ class Toolbar : public Control {
  public:
   using Control::Control;
 
-  void Clear();
+  void Clear() { Fill({}); }
+  // Takes the place of all buttons in one step.
+  void Fill(std::vector<ToolbarButton> buttons);
   // A key that is there already keeps its place and takes the new button's looks.
   void Add(ToolbarButton button);
   void Enable(std::string_view key, bool enabled);

@@ -18,18 +18,27 @@ void TreeView::Clear() {
   changed();
 }
 
-bool TreeView::Add(TextView parentKey, Text key, Text text, std::string image,
-                   std::string selectedImage) {
-  TreeNode* parent = Get(parentKey);
-  if ((parent == nullptr && !parentKey.empty()) || Get(key) != nullptr) return false;
+bool TreeView::Insert(TreeNode* parent, Item item) {
+  if (Get(item.key) != nullptr) return false;
   auto node = std::make_unique<TreeNode>();
-  node->key = std::move(key);
-  node->text = std::move(text);
-  node->image = std::move(image);
-  node->selectedImage = std::move(selectedImage);
+  node->key = std::move(item.key);
+  node->text = std::move(item.text);
+  node->image = std::move(item.image);
+  node->selectedImage = std::move(item.selectedImage);
   node->parent = parent;
   byKey_[node->key] = node.get();
   (parent == nullptr ? roots_ : parent->children).push_back(std::move(node));
+  return true;
+}
+
+bool TreeView::Add(TextView parentKey, Text key, Text text, std::string image,
+                   std::string selectedImage) {
+  TreeNode* parent = Get(parentKey);
+  if (parent == nullptr && !parentKey.empty()) return false;
+  if (!Insert(parent,
+              {std::move(key), std::move(text), std::move(image), std::move(selectedImage)})) {
+    return false;
+  }
   changed();
   return true;
 }
@@ -40,11 +49,12 @@ void TreeView::Forget(const TreeNode& node) {
   if (node.key == selected_) selected_.clear();
 }
 
-void TreeView::RemoveChildren(TextView key) {
+void TreeView::FillChildren(TextView key, std::vector<Item> items) {
   TreeNode* node = Get(key);
-  if (node == nullptr || node->children.empty()) return;
+  if (node == nullptr) return;
   for (const auto& child : node->children) Forget(*child);
   node->children.clear();
+  for (Item& item : items) Insert(node, std::move(item));
   changed();
 }
 

@@ -29,7 +29,15 @@ class TreeView : public Control {
   // Adds a node below `parentKey`, at the top when that is empty. False, and nothing is added, when
   // the key is taken or the parent unknown.
   bool Add(TextView parentKey, Text key, Text text, std::string image, std::string selectedImage);
-  void RemoveChildren(TextView key);
+  // Puts these nodes below `key` in place of what was there, in one step. A node whose key is taken
+  // is left out.
+  struct Item {
+    Text key;
+    Text text;
+    std::string image;
+    std::string selectedImage;
+  };
+  void FillChildren(TextView key, std::vector<Item> items);
   void SetMayHaveChildren(TextView key, bool mayHaveChildren);
   void Expand(TextView key, bool expanded = true);
   void Select(TextView key);  // an unknown key selects nothing
@@ -48,6 +56,7 @@ class TreeView : public Control {
  private:
   TreeNode* Get(TextView key);
   void Forget(const TreeNode& node);
+  bool Insert(TreeNode* parent, Item item);
 
   std::vector<std::unique_ptr<TreeNode>> roots_;
   std::map<Text, TreeNode*, std::less<>> byKey_;

@@ -31,7 +31,7 @@ void WindowHost::Unload(Window& window) {
   if (&window == main_) ending_ = true;
   window.FormUnload();
   DoUnload(window);
-  if (&window == main_) DoQuit();
+  if (&window == main_) Quit();
 }
 
 void WindowHost::UnloadOthers(const Window& window) {
@@ -101,6 +101,7 @@ void WindowHost::RunEvent(const std::function<void()>& event) {
 void WindowHost::ReportFault(const Text& message) {
   if (ending_) return;
   ending_ = true;
+  endedByFault_ = true;
   const Text around = words_.fault.empty() ? u"###1" : words_.fault;
   DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok);
 }
@@ -113,11 +114,18 @@ void WindowHost::RequestEnd() {
 void WindowHost::EndIfOutermost() {
   if (depth_ > 0) {
     DoEndModals();
-  } else if (main_ != nullptr && main_->loaded_) {
-    Unload(*main_);
-  } else {
-    DoQuit();
+    return;
   }
+  try {
+    if (main_ != nullptr) Unload(*main_);
+  } catch (...) {
+    DoUnload(*main_);  // the end goes on: nobody is left who could be told
+  }
+  Quit();
+}
+
+void WindowHost::Quit() {
+  if (!std::exchange(quit_, true)) DoQuit();
 }
 
 }  // namespace tessarin

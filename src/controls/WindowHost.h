@@ -69,6 +69,9 @@ class WindowHost {
   // act.
   bool EditInFocus(EditAct act) { return DoEditInFocus(act); }
 
+  // Whether that act would do something just now.
+  bool CanEditInFocus(EditAct act) const { return DoCanEditInFocus(act); }
+
   void SetWords(HostWords words);
 
   // Lets the screen catch up while something waits: painting and animation, no user input. Raises
@@ -84,6 +87,7 @@ class WindowHost {
   // unwound, and the main window is unloaded as the last thing.
   void RequestEnd();
   bool IsEnding() const { return ending_; }
+  bool EndedByFault() const { return endedByFault_; }
 
  protected:
   virtual void DoShow(Window& window, Modality modality) = 0;  // modal: returns when taken away
@@ -93,6 +97,7 @@ class WindowHost {
   virtual std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) = 0;
   virtual std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) = 0;
   virtual bool DoEditInFocus(EditAct act) = 0;
+  virtual bool DoCanEditInFocus(EditAct act) const = 0;
   virtual void DoYield() = 0;
   virtual void WordsChanged() {}
   // Makes every modal show and box return.
@@ -106,6 +111,7 @@ class WindowHost {
   // Takes away what is seen of the window, without its unload moment.
   void Forget(Window& window);
   void EndIfOutermost();
+  void Quit();
   void RaiseIfEnding() const;
   void ReportFault(const Text& message);
 
@@ -114,6 +120,8 @@ class WindowHost {
   std::vector<Window*> loaded_;
   int depth_ = 0;
   bool ending_ = false;
+  bool endedByFault_ = false;
+  bool quit_ = false;
 };
 
 }  // namespace tessarin

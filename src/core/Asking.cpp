@@ -21,6 +21,7 @@ void Asking::FormLoad() {
   session_.phonebookLoadChoice = 0;
   caption = language_.getTSInterfaceStr(words::kAskingTitle);
   Image1.image = "page-phonebook";
+  Image1.accessibleName = language_.getTSInterfaceStr(words::kPhonebook);
   Label1.text = language_.getTSInterfaceStr(words::kAskingQuestion);
   Command1.caption = language_.getTSInterfaceStr(words::kOk);
   Command2.caption = language_.getTSInterfaceStr(words::kNotNow);

@@ -93,11 +93,11 @@ PhoneConnection::Verdict PhoneConnection::NameTheModel() {
 }
 
 PhoneConnection::Verdict PhoneConnection::PrepareTheWindow() {
-  session_.phoneWasSeen = true;
-  session_.RebuildToolbars();
   session_.EnablePhoneControls(true);
+  session_.phoneWasSeen = true;
   session_.files().CheckDataFiles();
   for (SessionPart* part : session_.parts()) part->PhoneFound();
+  session_.EnablePages(true);
   return Verdict::GoOn;
 }
 
@@ -160,6 +160,7 @@ PhoneConnection::Verdict PhoneConnection::AskAboutThePhonebook() {
 PhoneConnection::Verdict PhoneConnection::LoadThePhonebook() {
   if (session_.phonebookLoadChoice != 1) return Verdict::GoOn;
   bar_.Show(Modality::Modeless);
+  bar_.Refresh();
   for (SessionPart* part : session_.parts()) {
     if (!part->LoadWhileConnecting()) return Fail(text::error::kReadPhonebook);
   }

@@ -37,7 +37,13 @@ struct Session {
   std::int32_t baudRate = 0;
   // The job that the next tick runs. There is room for one request: a later one overwrites it.
   std::int32_t commandState = job::kStartScan;
-  std::int16_t connectedPort = 0;  // the COM port on which the phone was found
+  // Lowest and highest slot of the SIM's phonebook.
+  std::int16_t simMinIndex = 0;
+  std::int16_t simMaxIndex = 0;
+  std::int32_t simRecordCount = 0;    // records read from the SIM
+  std::int32_t phoneRecordCount = 0;  // records read from phone memory
+  std::int16_t pbChangeCounter = 0;   // the phone's phonebook change counter, as last read
+  std::int16_t connectedPort = 0;     // the COM port on which the phone was found
   Text phoneSerial;
   Text phoneModel;
   std::int16_t phonebookLoadChoice = 0;  // 1 load the phonebook now, 2 do not

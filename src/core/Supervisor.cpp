@@ -18,6 +18,7 @@ Supervisor::Supervisor(TessarinMenu& session, const PhoneLink& link)
       link_(link),
       splash_(session.host(), session.language()),
       connection_(session, link, splash_) {
+  session_.AddPart(splash_);
   session_.Timer1.tick.Always([this] { Timer1_Timer(); });
   session_.Timer2.tick.Always([this] { Timer2_Timer(); });
   session_.jobs().Set(job::kStartScan, [this] { StartScan(); });
@@ -97,16 +98,17 @@ void Supervisor::ShowBattery(std::uint16_t level) {
 void Supervisor::LosePhone() {
   link_.com.ClosePhonePort();
   for (SessionPart* part : session_.parts()) part->PhoneLost();
+  session_.EnablePhoneControls(false);
   auto& status = session_.StatusBar1;
   for (const int number : {panel::kConnection, panel::kModel, panel::kBattery}) {
     status.SetText(number, u"");
   }
   status.SetVisible(panel::kBattery, false);
   session_.statusPhase = kNoPhone;
-  session_.storageNames.clear();
-  session_.EnablePhoneControls(false);
+  session_.ForgetStorage();
   session_.ShowStartPanel();
   session_.Lbstatus.text = u"";
+  session_.start.SetBattery(u"", "");
   session_.start.Update(session_, session_.language());
   session_.Refresh();
   StartScan();

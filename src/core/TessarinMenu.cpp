@@ -83,10 +83,13 @@ void TessarinMenu::MakeFilePanes() {
 
 void TessarinMenu::ConnectControls() {
   MainMenu.clicked.Always([this](const std::string& key) { MenuClicked(key); });
+  MainMenu.opening.Always([this](const std::string& key) { EnableEditEntries(key, true); });
+  MainMenu.closed.Always([this](const std::string& key) { EnableEditEntries(key, false); });
   Toolbar1.clicked.Always([this](const std::string& key) { DoAction(key); });
   Toolbar2.clicked.Always([this](const std::string& key) { ShowPage(PanelOf(key)); });
   start.cmdOpenFiles.clicked.Always([this] { ShowPage(0); });
   const std::pair<Control*, const char*> contextMenus[] = {
+      {&lvwPCFile, "mnuClickPC"},
       {&lvwPhoneFile, "mnuClickPhone"},
       {&tvwPhoneDir, "mnuClickPhone"},
       {&lvwPhoneSMS, "mnuClickSMS"},
@@ -129,8 +132,16 @@ void TessarinMenu::FormUnload() {
   Timer1.enabled = false;
   Timer2.enabled = false;
   port_.serial_close();
-  host().UnloadOthers(*this);
-  for (SessionPart* part : parts_) part->Unloading();
+  // Whatever one step meets, the others must have their turn: the lists are at stake.
+  const auto always = [](const auto& step) {
+    try {
+      step();
+    } catch (...) {
+      return;  // nobody is left who could be told
+    }
+  };
+  always([this] { host().UnloadOthers(*this); });
+  for (SessionPart* part : parts_) always([part] { part->Unloading(); });
   std::error_code ignored;  // a preview file that stays behind is overwritten by the next preview
   std::filesystem::remove(files_.Path(kPreviewFile), ignored);
 }
@@ -149,7 +160,11 @@ void TessarinMenu::FillCalendarNavigator() {
 }
 
 void TessarinMenu::ComposeFolders() {
-  for (const Folder& folder : kFolders) this->*folder.field = files_.Path(folder.literal);
+  std::error_code ignored;  // a folder that cannot be made is told of when it is used
+  for (const Folder& folder : kFolders) {
+    this->*folder.field = files_.Path(folder.literal);
+    std::filesystem::create_directories(this->*folder.field, ignored);
+  }
 }
 
 void TessarinMenu::ShowError(int errorIndex) {

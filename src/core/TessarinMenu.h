@@ -184,12 +184,18 @@ class TessarinMenu : public Window, public Session {
   void ApplyInterfaceTexts();
   // The choice of a language in the menu.
   void ChangeLanguage(int index);
-  // The eight controls that show the phone's content, and the menu entries that need a phone.
+  // The eight controls that show the phone's content, and `PhoneInfo`. Disabling them disables the
+  // pages as well.
   void EnablePhoneControls(bool enabled);
+  // The pages that need a phone, in the menu and in the page bar.
+  void EnablePages(bool enabled);
   // The page bar has the File page from the start; the others come with the first phone.
   void RebuildToolbars();
   // Enables what the page in front can do at this moment.
   void UpdateActions();
+
+  // The phone's top-level folders and the choices among them are no longer known.
+  void ForgetStorage();
 
   // True while a tick or a worker runs: no tick starts meanwhile.
   bool IsBusy() const { return busy_ > 0; }
@@ -214,6 +220,9 @@ class TessarinMenu : public Window, public Session {
   void ComposeFolders();
   void ApplyPanelTexts();
   void MenuClicked(const std::string& key);
+  // In the open Edit menu only what would do something is enabled; while it is closed all are, so
+  // that their keys work.
+  void EnableEditEntries(const std::string& menu, bool open);
   void DoAction(std::string_view action);
   void ShowOnly(int panel);
   void UpdateTitle();
@@ -230,6 +239,7 @@ class TessarinMenu : public Window, public Session {
   std::vector<Page*> pages_;
   std::function<void(int panel)> help_;
   int front_;
+  bool pagesEnabled_ = false;
   int busy_ = 0;
 };
 

@@ -28,6 +28,14 @@ constexpr EditEntry kEditEntries[] = {{"Cut", EditAct::Cut},
 
 }  // namespace
 
+void TessarinMenu::ForgetStorage() {
+  storageNames.clear();
+  for (Text* root : {&storageRoot, &storageRoot2, &storageRoot3}) root->clear();
+  for (ComboBox* box : {&ComFolder, &comboStorage, &combostore, &comboStorage2, &comboStorage3}) {
+    box->Clear();
+  }
+}
+
 Page* TessarinMenu::FrontPage() const {
   return front_ == kStartPanel ? nullptr : pages_[static_cast<std::size_t>(front_)];
 }
@@ -39,35 +47,44 @@ void TessarinMenu::EnablePhoneControls(bool enabled) {
     control->enabled = enabled;
   }
   MainMenu.Enable("PhoneInfo", enabled);
+  pagesEnabled_ = pagesEnabled_ && enabled;
+  if (!enabled) EnablePages(false);
+}
+
+void TessarinMenu::EnablePages(bool enabled) {
+  pagesEnabled_ = enabled;
   for (const PageRow& page : kPages) {
-    if (!page.needsPhone) continue;
-    MainMenu.Enable(page.menuKey, enabled);
-    Toolbar2.Enable(page.key, enabled);
+    if (page.needsPhone) MainMenu.Enable(page.menuKey, enabled);
   }
+  RebuildToolbars();
 }
 
 void TessarinMenu::RebuildToolbars() {
-  Toolbar2.Clear();
+  std::vector<ToolbarButton> buttons;
   for (std::size_t i = 0; i < kPages.size(); ++i) {
+    const PageRow& page = kPages[i];
     if (pages_[i] == nullptr || (i > 0 && !phoneWasSeen)) continue;
     ToolbarButton button;
-    button.key = kPages[i].key;
-    button.caption = language_.getTSInterfaceStr(kPages[i].caption);
-    button.toolTip = language_.getTSInterfaceStr(kPages[i].about);
-    button.image = kPages[i].image;
+    button.key = page.key;
+    button.caption = language_.getTSInterfaceStr(page.caption);
+    button.toolTip = language_.getTSInterfaceStr(page.about);
+    button.image = page.image;
+    button.enabled = pagesEnabled_ || !page.needsPhone;
     button.pressed = front_ == static_cast<int>(i);
-    Toolbar2.Add(std::move(button));
+    buttons.push_back(std::move(button));
   }
+  Toolbar2.Fill(std::move(buttons));
 }
 
 void TessarinMenu::ShowOnly(int number) {
-  for (int index = 0; index <= kStartPanel; ++index) {
-    ToolFrame[static_cast<std::size_t>(index)]->visible = index == number;
+  for (const auto& frame : ToolFrame) {
+    if (frame != ToolFrame[static_cast<std::size_t>(number)]) frame->visible = false;
   }
+  ToolFrame[static_cast<std::size_t>(number)]->visible = true;
   front_ = number;
   Toolbar2.Press(number == kStartPanel ? "" : kPages[static_cast<std::size_t>(number)].key);
-  UpdateTitle();
   UpdateActions();
+  UpdateTitle();
 }
 
 // The File Explorer's title is the same in every language.
@@ -87,13 +104,10 @@ void TessarinMenu::UpdateActions() {
   const auto can = [page](std::string_view action) {
     return page != nullptr && page->CanDo(action);
   };
-  Toolbar1.Clear();
-  if (page != nullptr) {
-    for (auto& button : PageActions(front_, phoneModel, language_)) {
-      button.enabled = can(button.key);
-      Toolbar1.Add(std::move(button));
-    }
-  }
+  std::vector<ToolbarButton> buttons;
+  if (page != nullptr) buttons = PageActions(front_, phoneModel, language_);
+  for (auto& button : buttons) button.enabled = can(button.key);
+  Toolbar1.Fill(std::move(buttons));
   for (const auto& menu : MainMenu.entries()) {
     for (const auto& entry : menu.entries) {
       const auto action = ActionOfContextEntry(entry.key);
@@ -117,6 +131,15 @@ void TessarinMenu::ShowPage(int number) {
 void TessarinMenu::DoAction(std::string_view action) {
   Page* page = FrontPage();
   if (page != nullptr && page->CanDo(action)) page->Do(action);
+}
+
+void TessarinMenu::EnableEditEntries(const std::string& menu, bool open) {
+  if (menu != "Edit") return;
+  const Page* page = FrontPage();
+  for (const EditEntry& entry : kEditEntries) {
+    const bool onPage = entry.act == EditAct::Delete && page != nullptr && page->CanDo("Delete");
+    MainMenu.Enable(entry.key, !open || onPage || host().CanEditInFocus(entry.act));
+  }
 }
 
 void TessarinMenu::MenuClicked(const std::string& key) {

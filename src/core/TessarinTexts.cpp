@@ -121,6 +121,7 @@ void TessarinMenu::UpdateStatusTexts(StatusPhase phase) {
     StatusBar1.SetText(panel::kConnection, word(words::kStatusNoPhone));
   } else {
     Lbstatus.text = word(words::kStatusCaption);
+    Lbstatus.accessibleName = word(words::kNameConnectionState) + u": " + Lbstatus.text();
     StatusBar1.SetText(panel::kConnection, word(words::kStatusConnected));
     StatusBar1.SetText(panel::kModel,
                        phoneModel + word(words::kStatusSeparator) + u"COM" + ToText(connectedPort));

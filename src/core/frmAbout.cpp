@@ -21,6 +21,7 @@ void frmAbout::setLanguage() {
 
 void frmAbout::FormLoad() {
   Image1.image = "tessarin";
+  Image1.accessibleName = u"Tessarin";
   lblTitle.text = u"Tessarin";
   setLanguage();
 }

@@ -57,10 +57,11 @@ frmHelp::frmHelp(WindowHost& host, const Language& language)
   cmdHome.image = "home";
   cmdSearch.image = "search";
   lvwFound.columns = {ListColumn{{}, 240}};
-  htmPage.reader = [this](const std::string& link) -> std::optional<std::string_view> {
-    const auto place = FollowLink(htmPage.path(), link);
-    return place && book_ ? book_->file.Read(place->path) : std::nullopt;
-  };
+  ConnectButtons();
+  ConnectPage();
+}
+
+void frmHelp::ConnectButtons() {
   cmdBack.clicked.Always([this] {
     history_.Back();
     ShowPresent();
@@ -74,6 +75,13 @@ frmHelp::frmHelp(WindowHost& host, const Language& language)
   txtSearch.edited.Always([this] {
     if (txtSearch.text->empty()) Search();
   });
+}
+
+void frmHelp::ConnectPage() {
+  htmPage.reader = [this](const std::string& link) -> std::optional<std::string_view> {
+    const auto place = FollowLink(htmPage.path(), link);
+    return place && book_ ? book_->file.Read(place->path) : std::nullopt;
+  };
   tvwContents.nodeClicked.Always([this] {
     const auto place = FollowLink("/", ToUtf8(tvwContents.SelectedKey()));
     if (place) GoTo(*place);

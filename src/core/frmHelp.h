@@ -61,6 +61,8 @@ class frmHelp : public Window, public SessionPart {
     HelpSearch search;
   };
 
+  void ConnectButtons();
+  void ConnectPage();
   bool OpenBook();
   void ApplyCaptions();
   void FillContents();

@@ -35,6 +35,7 @@ void frmPhoneInfo::FormLoad() {
   Label7.text = language.getTSInterfaceStr(words::kPhoneInfoImei);
   Command1.caption = language.getTSInterfaceStr(words::kButtonClose);
   Image1.image = "phone-large";
+  Image1.accessibleName = language.getTSInterfaceStr(words::kNamePhonePicture);
 }
 
 void frmPhoneInfo::FormUnload() { session_.Refresh(); }

@@ -37,42 +37,51 @@ Text Sentence(const Language& language, const Text& port, const PortTrouble& tro
 }  // namespace
 
 frmSplashFindCOM::frmSplashFindCOM(WindowHost& host, const Language& language)
-    : Window(host, "frmSplashFindCOM"), language_(language) {}
+    : Window(host, "frmSplashFindCOM"), language_(language), step_(words::kStatusSearching) {}
 
 void frmSplashFindCOM::FormLoad() {
   troubles_.clear();
-  caption = language_.getTSInterfaceStr(words::kSearchTitle);
-  lblPort.text = language_.getTSInterfaceStr(words::kStatusSearching);
-  lblHint.text = language_.getTSInterfaceStr(words::kSearchHint);
+  step_ = words::kStatusSearching;
+  port_.clear();
   lblHint.visible = true;
-  ShowTroubles();
-  Animation1.accessibleName = language_.getTSInterfaceStr(words::kNameSearchAnimation);
+  ApplyTexts();
   Animation1.file = u"\\FindCOM.avi";
   Animation1.playing = true;
 }
 
 void frmSplashFindCOM::FormUnload() { Animation1.playing = false; }
 
+void frmSplashFindCOM::ApplyTexts() {
+  caption = language_.getTSInterfaceStr(words::kSearchTitle);
+  lblPort.text = language_.Filled(step_, {port_});
+  lblHint.text = language_.getTSInterfaceStr(words::kSearchHint);
+  Animation1.accessibleName = language_.getTSInterfaceStr(words::kNameSearchAnimation);
+  ShowTroubles();
+}
+
 void frmSplashFindCOM::Trying(int port, const std::string& device) {
-  lblPort.text = language_.Filled(words::kSearchTrying, {PortName(port, device)});
+  step_ = words::kSearchTrying;
+  port_ = PortName(port, device);
+  lblPort.text = language_.Filled(step_, {port_});
 }
 
 void frmSplashFindCOM::PassedOver(int port, const PortTrouble& trouble) {
-  const Text sentence = Sentence(language_, PortName(port, trouble.device), trouble);
-  if (sentence.empty()) {
-    troubles_.erase(port);
+  if (trouble.kind == PortTrouble::Kind::None) {
+    if (troubles_.erase(port) == 0) return;
   } else {
-    troubles_[port] = sentence;
+    troubles_[port] = trouble;
   }
   ShowTroubles();
 }
 
 void frmSplashFindCOM::NothingFound() {
-  lblPort.text = language_.getTSInterfaceStr(words::kSearchNoPort);
+  step_ = words::kSearchNoPort;
+  lblPort.text = language_.getTSInterfaceStr(step_);
 }
 
 void frmSplashFindCOM::Progress(int step) {
-  lblPort.text = language_.getTSInterfaceStr(step);
+  step_ = step;
+  lblPort.text = language_.getTSInterfaceStr(step_);
   lblHint.visible = false;
   lblTrouble.visible = false;
 }
@@ -80,9 +89,10 @@ void frmSplashFindCOM::Progress(int step) {
 void frmSplashFindCOM::ShowTroubles() {
   Text lines;
   std::size_t count = 0;
-  for (const auto& [port, sentence] : troubles_) {
+  for (const auto& [port, trouble] : troubles_) {
     if (++count > kLinesShown) break;
-    lines += (lines.empty() ? u"" : u"\n") + sentence;
+    lines += (lines.empty() ? u"" : u"\n") +
+             Sentence(language_, PortName(port, trouble.device), trouble);
   }
   lblTrouble.text = lines;
   lblTrouble.visible = !lines.empty();

@@ -8,11 +8,13 @@
 #include "controls/Basics.h"
 #include "controls/Window.h"
 #include "core/Language.h"
+#include "core/Page.h"
 #include "link/PortDiagnosis.h"
 
 namespace tessarin {
 
-class frmSplashFindCOM : public Window {
+// It takes part in the session only to follow the language.
+class frmSplashFindCOM : public Window, public SessionPart {
  public:
   frmSplashFindCOM(WindowHost& host, const Language& language);
 
@@ -21,12 +23,15 @@ class frmSplashFindCOM : public Window {
   Label lblHint{*this, "lblHint"};        // how to connect a phone
   Label lblTrouble{*this, "lblTrouble"};  // one line for each port that was passed over
 
-  // A port is about to be tried. What was said of it on an earlier pass is taken back.
+  // A port is about to be tried.
   void Trying(int port, const std::string& device);
+  // Takes the place of what was said of the port on an earlier pass; no trouble says nothing.
   void PassedOver(int port, const PortTrouble& trouble);
   void NothingFound();  // a whole pass is over
   // The port answered; `step` is the interface text of what is done now.
   void Progress(int step);
+
+  void ApplyTexts() override;
 
  protected:
   void FormLoad() override;
@@ -36,7 +41,9 @@ class frmSplashFindCOM : public Window {
   void ShowTroubles();
 
   const Language& language_;
-  std::map<int, Text> troubles_;  // by port
+  int step_;                             // interface text of what is being done
+  Text port_;                            // the port that it is done with, empty for none
+  std::map<int, PortTrouble> troubles_;  // by port
 };
 
 }  // namespace tessarin

@@ -39,25 +39,44 @@ ListRow PhoneFileRow(const Text& name, const Text& size) {
 }
 
 FilePage::FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow)
-    : session_(session), link_(link), busyWindow_(busyWindow) {
+    : session_(session), link_(link), busyWindow_(busyWindow), whyEmpty_(words::kPageNeedsPhone) {
   session_.jobs().Set(job::kLoadFolder, [this] { Load(worker::kFileLoading); });
   session_.jobs().Set(job::kLoadSubfolder, [this] { Load(worker::kSubfileLoading); });
   busyWindow_.workers().Set(worker::kFileLoading, [this] { fileLoading(); });
   busyWindow_.workers().Set(worker::kSubfileLoading, [this] { subfileLoading(); });
   // The computer's side is shown, and can be used once files are moved.
   for (Control* control : std::initializer_list<Control*>{
-           &session_.tvwPCDir, &session_.lvwPCFile, &session_.icoDownload, &session_.icoUpload,
-           &session_.ComFolder}) {
+           &session_.tvwPCDir, &session_.lvwPCFile, &session_.icoDownload, &session_.icoUpload}) {
     control->enabled = false;
   }
+  session_.ComFolder.enabled = false;
+  session_.ComFolder.clicked.Always([this] { Refresh(); });
   session_.tvwPhoneDir.nodeClicked.Always([this] { NodeClicked(); });
 }
 
 // An empty list says why it is empty, in the present language.
-void FilePage::ApplyTexts() {
-  const int reason =
-      session_.statusPhase == kPhonePresent ? words::kFolderEmpty : words::kPageNeedsPhone;
-  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(reason);
+void FilePage::ApplyTexts() { SayWhyEmpty(whyEmpty_); }
+
+void FilePage::SayWhyEmpty(int interfaceText) {
+  whyEmpty_ = interfaceText;
+  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(interfaceText);
+}
+
+// The first opening with a phone fills the choice of its top-level folders.
+void FilePage::Show() {
+  auto& box = session_.ComFolder;
+  if (box.Count() == 0 && session_.comboStorage.Count() > 0) {
+    for (int index = 0; index < session_.comboStorage.Count(); ++index) {
+      box.Add(session_.comboStorage.Item(index));
+    }
+    box.Select(0);
+    box.enabled = true;
+  }
+  Refresh();
+}
+
+bool FilePage::CanDo(std::string_view action) const {
+  return action == "Refresh" && session_.statusPhase == kPhonePresent;
 }
 
 void FilePage::Do(std::string_view action) {
@@ -74,10 +93,13 @@ void FilePage::NodeClicked() {
   session_.commandState = isRoot ? job::kLoadFolder : job::kLoadSubfolder;
 }
 
+void FilePage::PhoneFound() { SayWhyEmpty(words::kFolderEmpty); }
+
 void FilePage::PhoneLost() {
   session_.tvwPhoneDir.Clear();
   session_.lvwPhoneFile.Clear();
-  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(words::kPageNeedsPhone);
+  session_.ComFolder.enabled = false;
+  SayWhyEmpty(words::kPageNeedsPhone);
   currentFolder_.clear();
 }
 
@@ -99,19 +121,20 @@ void FilePage::fileLoading() {
   } enable{tree};
   const Text startFolder;  // this page shows the phone from its root
   Text xml;
-  const bool listed = ReadFolder(startFolder, xml);
-  tree.Add(u"", startFolder, session_.phoneModel, "phone", "phone");
+  SayWhyEmpty(words::kFolderUnreadable);
+  if (!ReadFolder(startFolder, xml)) return;
+  tree.Add(u"", startFolder, session_.phoneModel, kClosed, kOpen);
   tree.Select(startFolder);
   tree.Expand(startFolder);
-  if (listed) ShowFolder(startFolder, xml);
+  if (!ShowFolder(startFolder, xml)) tree.Clear();
 }
 
 void FilePage::subfileLoading() {
   const Text key = session_.tvwPhoneDir.SelectedKey();
   Text xml;
   if (!ReadFolder(key, xml)) return;
-  ShowFolder(key, xml);
-  session_.tvwPhoneDir.Expand(key);
+  currentFolder_ = key;
+  if (ShowFolder(key, xml)) session_.tvwPhoneDir.Expand(key);
 }
 
 bool FilePage::ReadFolder(const Text& key, Text& xml) {
@@ -132,7 +155,7 @@ bool FilePage::WalkTo(const std::string& connectionId, const Text& key) {
 }
 
 // A listing that is no XML is the phone's fault and costs the user this folder, not the program.
-void FilePage::ShowFolder(const Text& key, TextView xml) {
+bool FilePage::ShowFolder(const Text& key, TextView xml) {
   FolderListing listing;
   try {
     listing = ParseFolderListing(xml);
@@ -141,18 +164,19 @@ void FilePage::ShowFolder(const Text& key, TextView xml) {
         Replace(session_.language().getTSErrStr(text::error::kListingDamaged), u"###1",
                 fault.Message()),
         MessageKind::Error);
-    return;
+    return false;
   }
   currentFolder_ = key;
-  session_.tvwPhoneDir.RemoveChildren(key);
+  std::vector<TreeView::Item> folders;
   for (const Text& folder : listing.folders) {
-    const Text path = key.empty() ? folder : key + u"\\" + folder;
-    session_.tvwPhoneDir.Add(key, path, folder, kClosed, kOpen);
+    folders.push_back({key.empty() ? folder : key + u"\\" + folder, folder, kClosed, kOpen});
   }
+  session_.tvwPhoneDir.FillChildren(key, std::move(folders));
   std::vector<ListRow> rows;
   for (const ListedFile& file : listing.files) rows.push_back(PhoneFileRow(file.name, file.size));
-  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(words::kFolderEmpty);
+  SayWhyEmpty(words::kFolderEmpty);
   session_.lvwPhoneFile.Fill(std::move(rows));
+  return true;
 }
 
 }  // namespace tessarin

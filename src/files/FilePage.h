@@ -15,9 +15,10 @@ class FilePage : public Page {
   FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow);
 
   int panel() const override { return 0; }
-  void Show() override { Refresh(); }
-  bool CanDo(std::string_view action) const override { return action == "Refresh"; }
+  void Show() override;
+  bool CanDo(std::string_view action) const override;
   void Do(std::string_view action) override;
+  void PhoneFound() override;
   void PhoneLost() override;
   void ApplyTexts() override;
 
@@ -34,13 +35,16 @@ class FilePage : public Page {
   void Load(std::int16_t workerCode);
   // Lists the folder with that key over a session of its own. False when any step fails.
   bool ReadFolder(const Text& key, Text& xml);
+  void SayWhyEmpty(int interfaceText);
   bool WalkTo(const std::string& connectionId, const Text& key);
-  void ShowFolder(const Text& key, TextView xml);
+  // False, with a message, when the listing is no XML.
+  bool ShowFolder(const Text& key, TextView xml);
 
   TessarinMenu& session_;
   PhoneLink link_;
   frmSplashTransmission& busyWindow_;
   Text currentFolder_;
+  int whyEmpty_;  // interface text that stands in the empty list
 };
 
 // A file's name as a row of a phone list: cell 0 the name without its last extension, cell 1 the

@@ -37,14 +37,14 @@ void frmSplashTransmission::FormUnload() { Animation1.playing = false; }
 
 void frmSplashTransmission::tmrTransferTimer_Timer() {
   tmrTransferTimer.enabled = false;
-  struct Closing {
-    frmSplashTransmission& window;
-    ~Closing() {
-      window.Unload();
-      window.session_.Refresh();
-    }
-  } closing{*this};
-  workers_.Run(operationCode_);
+  try {
+    workers_.Run(operationCode_);
+  } catch (...) {
+    Unload();
+    throw;
+  }
+  Unload();
+  session_.Refresh();
 }
 
 }  // namespace tessarin

@@ -14,7 +14,7 @@ void PhonebookLists::PhoneFound() {
   tscContacts = std::make_unique<clsT610ContactList>();
   damagedLines_ = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
   phoneContacts = std::make_unique<clsT610ContactList>();
-  phoneContacts->ListType = true;
+  phoneContacts->ListType = -1;
   unreadLines_ = ReadContactLines(files_.Path(kMobileFile));
 }
 

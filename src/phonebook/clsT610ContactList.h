@@ -6,6 +6,7 @@
 // 23 in order, each the field's UTF-16 units as four upper-case hexadecimal digits each. Field 24
 // is never written. Empty lines are skipped.
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -18,8 +19,9 @@ namespace tessarin {
 
 class clsT610ContactList {
  public:
-  // The mobile list (true) mirrors the phone, the other is the system's own contact book.
-  bool ListType = false;
+  // -1 for the mobile list, which mirrors the phone; 0 for the system's own contact book. Kept and
+  // handed back, of no effect here.
+  std::int16_t ListType = 0;
 
   // The persisted and copied fields are 0 to 23.
   static constexpr int GetNoOfField() { return 24; }

@@ -122,7 +122,7 @@ TEST_F(ControlsTest, ATreeKnowsItsNodesByKey) {
   tree.ExpandByUser(u"root", false);
   EXPECT_EQ(acts, "click root\\a\\b;open root;");
 
-  tree.RemoveChildren(u"root");
+  tree.FillChildren(u"root", {});
   EXPECT_EQ(tree.Count(), 1) << "whole branches are forgotten";
   EXPECT_EQ(tree.SelectedKey(), u"") << "and the selection with them";
   EXPECT_TRUE(tree.Add(u"root", u"root\\a", u"a", "", ""));

@@ -16,7 +16,7 @@ class HelpWindowTest : public testing::Test {
  protected:
   HelpWindowTest() { language.readLangFile(0); }
 
-  ~HelpWindowTest() override { help.Unload(); }
+  void TearDown() override { help.Unload(); }
 
   void Speak(int index) {
     language.readLangFile(index);

@@ -192,6 +192,17 @@ TEST_F(SupervisorTest, LosingThePhoneClearsWhatWasShownOfItAndSearchesAgain) {
   EXPECT_EQ(host.Find("frmSplashFindCOM"), nullptr);
 }
 
+TEST_F(SupervisorTest, EachConnectionWantsAnAnswerOfItsOwn) {
+  StartAndConnect();
+  Poll({kNone, kNone, kNone});
+  host.WhenShown("Asking", [](Window& asking) { asking.Unload(); });
+  Tick(session.Timer2);
+  ASSERT_EQ(host.boxes.size(), 1u);
+  EXPECT_EQ(host.boxes[0].text, language.getTSErrStr(text::error::kPrepare));
+  EXPECT_EQ(port.written.back(), "\x81" + std::string("\0\x03", 2));
+  EXPECT_EQ(host.quits, 1);
+}
+
 TEST_F(SupervisorTest, ThePollStopsTouchingAWindowThatIsClosing) {
   StartAndConnect();
   session.isClosing = true;
@@ -213,6 +224,11 @@ TEST_F(SupervisorTest, ThePollEnablesThePageBarAndClearsTheCalendarsPanel) {
   session.ShowPage(kCalendarPanel);
   Poll({42});
   EXPECT_EQ(PanelText(panel::kPage), u"");
+
+  Poll({kNone, kNone, kNone});
+  EXPECT_FALSE(session.Toolbar2.Find("Calendar")->enabled);
+  host.RunEvent([this] { session.MainMenu.clicked("German"); });
+  EXPECT_FALSE(session.Toolbar2.Find("Calendar")->enabled) << "another language brings no phone";
   host.RequestEnd();
 }
 

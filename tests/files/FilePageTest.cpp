@@ -130,7 +130,6 @@ TEST_F(FilePageTest, ADamagedListingIsToldAndCostsThatFolderOnly) {
   EXPECT_EQ(host.boxes[0].text.find(u"###"), Text::npos);
   EXPECT_EQ(host.boxes[0].kind, MessageKind::Error);
   EXPECT_EQ(Files(), "README|5| empty|0|txt ");
-  EXPECT_EQ(page_.currentFolder(), u"Phone\\Other");
   EXPECT_EQ(session.tvwPhoneDir.Count(), 5);
   ExpectIdle();
   port.spoil = nullptr;
@@ -142,11 +141,13 @@ TEST_F(FilePageTest, ARefusalLeavesAnEmptyTreeThatCanBeTriedAgain) {
   settings.With(
       [](phonesim::Behaviour& b) { b.refusedOperations[phonesim::ObexOperation::Listing] = {}; });
   Open();
-  EXPECT_EQ(session.tvwPhoneDir.Count(), 1);
+  EXPECT_EQ(session.tvwPhoneDir.Count(), 0);
+  EXPECT_EQ(session.lvwPhoneFile.emptyText(),
+            language.getTSInterfaceStr(text::interface_::kFolderUnreadable));
   EXPECT_TRUE(host.boxes.empty());
   ExpectIdle();
   settings.With([](phonesim::Behaviour& b) { b.refusedOperations.clear(); });
-  Enter(u"");
+  Open();
   EXPECT_EQ(session.tvwPhoneDir.Count(), 3);
 }
 

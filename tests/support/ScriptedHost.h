@@ -72,6 +72,7 @@ class ScriptedHost : public WindowHost {
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
   bool DoEditInFocus(EditAct act) override;
+  bool DoCanEditInFocus(EditAct) const override { return textInFocus; }
   void DoYield() override;
   void DoEndModals() override { modalsEnded_ = true; }
   void DoQuit() override { ++quits; }

@@ -38,7 +38,10 @@ void Binder::Release() {
 void Binder::BindState(Control& control, QWidget& widget, std::function<void()> update) {
   widget.setObjectName(QString::fromStdString(control.name()));
   connect(&widget, &QWidget::customContextMenuRequested, this,
-          [this, &control] { Act([&] { control.contextMenuRequested(); }); });
+          [this, &control, &widget](const QPoint& place) {
+            menuPlace_ = widget.mapToGlobal(place);
+            Act([&] { control.contextMenuRequested(); });
+          });
   Follow(control, [&control, &widget, update = std::move(update)] {
     if (update != nullptr) update();
     widget.setEnabled(control.enabled);
@@ -84,6 +87,11 @@ QPlainTextEdit* Binder::BindMultiLine(TextBox& box) {
       const int limit = box.maximumLength;
       if (limit > 0) text.resize(std::min(text.size(), static_cast<std::size_t>(limit)));
       box.text = std::move(text);
+      if (widget->toPlainText() != ToQt(box.text)) {
+        const QSignalBlocker quiet(widget);
+        widget->setPlainText(ToQt(box.text));
+        widget->moveCursor(QTextCursor::End);
+      }
       box.edited();
     });
   });

@@ -5,6 +5,7 @@
 // control's state and the user's acts come in as the control's signals.
 
 #include <QObject>
+#include <QPoint>
 #include <functional>
 #include <vector>
 
@@ -84,6 +85,7 @@ class Binder : public QObject {
   WindowHost& host_;
   QWidget& top_;
   bool released_ = false;
+  QPoint menuPlace_;                       // where a context menu was asked for last
   std::vector<QAbstractItemView*> views_;  // whose models read a control
   std::vector<Connection> connections_;
 };

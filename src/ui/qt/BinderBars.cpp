@@ -1,7 +1,6 @@
 // The bindings of menus, toolbars and status bars.
 
 #include <QAction>
-#include <QCursor>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -35,8 +34,12 @@ void ShowEntry(const MenuEntry& entry, QAction& action) {
 // The actions of a menu bar by their entries' keys; built anew when the menu was defined anew.
 class MenuActions {
  public:
-  MenuActions(QMenuBar& bar, std::function<void(const std::string&)> clicked)
-      : bar_(bar), clicked_(std::move(clicked)) {}
+  using Tell = std::function<void(const std::string&)>;
+  MenuActions(QMenuBar& bar, Tell clicked, Tell opening, Tell closed)
+      : bar_(bar),
+        clicked_(std::move(clicked)),
+        opening_(std::move(opening)),
+        closed_(std::move(closed)) {}
 
   void Show(const std::vector<MenuEntry>& entries) {
     if (Keys(entries) != keys_) {
@@ -65,10 +68,17 @@ class MenuActions {
     if (entry.separatorBefore) parent.addSeparator();
     if (entry.entries.empty()) {
       actions_[entry.key] = parent.addAction(QString());
-      QObject::connect(actions_[entry.key], &QAction::triggered, &bar_,
-                       [this, key = entry.key] { clicked_(key); });
+      QObject::connect(actions_[entry.key], &QAction::triggered, &bar_, [this, key = entry.key] {
+        // The click toggled the tick; only the logic decides where it stands.
+        QAction& action = *actions_[key];
+        if (action.isCheckable()) action.setChecked(!action.isChecked());
+        clicked_(key);
+      });
     } else {
       QMenu* menu = parent.addMenu(QString());
+      QObject::connect(menu, &QMenu::aboutToShow, &bar_,
+                       [this, key = entry.key] { opening_(key); });
+      QObject::connect(menu, &QMenu::aboutToHide, &bar_, [this, key = entry.key] { closed_(key); });
       actions_[entry.key] = menu->menuAction();
       for (const auto& below : entry.entries) Build(below, *menu);
     }
@@ -81,7 +91,9 @@ class MenuActions {
   }
 
   QMenuBar& bar_;
-  std::function<void(const std::string&)> clicked_;
+  Tell clicked_;
+  Tell opening_;
+  Tell closed_;
   std::string keys_;
   std::map<std::string, QAction*> actions_;
 };
@@ -126,11 +138,14 @@ struct PanelWidget {
 
 QMenuBar* Binder::Bind(Menu& menu) {
   auto* widget = new QMenuBar(&top_);
-  auto actions = std::make_shared<MenuActions>(
-      *widget, [this, &menu](const std::string& key) { Act([&] { menu.clicked(key); }); });
+  const auto tell = [this](Signal<const std::string&>& signal) {
+    return [this, &signal](const std::string& key) { Act([&] { signal(key); }); };
+  };
+  auto actions = std::make_shared<MenuActions>(*widget, tell(menu.clicked), tell(menu.opening),
+                                               tell(menu.closed));
   BindState(menu, *widget, [&menu, actions] { actions->Show(menu.entries()); });
-  connections_.push_back(menu.popUpRequested.Connect([actions](const std::string& key) {
-    if (QMenu* context = actions->MenuOf(key)) context->popup(QCursor::pos());
+  connections_.push_back(menu.popUpRequested.Connect([this, actions](const std::string& key) {
+    if (QMenu* context = actions->MenuOf(key)) context->popup(menuPlace_);
   }));
   return widget;
 }
@@ -146,7 +161,10 @@ QToolBar* Binder::Bind(Toolbar& bar, bool wordsBelow) {
     std::vector<std::string> now;
     for (const auto& button : bar.buttons()) now.push_back(button.key);
     if (now != *keys) {
-      widget->clear();
+      for (QAction* old : widget->actions()) {
+        widget->removeAction(old);
+        old->deleteLater();  // it may be the one that was just clicked
+      }
       for (const auto& key : now) {
         auto* action = widget->addAction(QString());
         action->setObjectName(QString::fromStdString(key));

@@ -66,11 +66,12 @@ class PageWidget : public QTextBrowser {
 
   void changeEvent(QEvent* event) override {
     QTextBrowser::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange || visits_ == 0) return;
+    // Once hidden it waits for its end, and the control may be gone.
+    if (event->type() != QEvent::PaletteChange || !isVisible()) return;
     const int place = verticalScrollBar()->value();
     Render();
-    verticalScrollBar()->setValue(place);
     Mark();
+    verticalScrollBar()->setValue(place);
   }
 
  private:
@@ -83,7 +84,7 @@ class PageWidget : public QTextBrowser {
   // Scaled here, once and smoothly, to the pixels of this screen.
   QImage Picture(const QByteArray& bytes) const {
     const QImage picture = QImage::fromData(bytes);
-    if (picture.isNull()) return picture;
+    if (picture.isNull()) return {};
     const qreal ratio = devicePixelRatioF();
     QImage scaled = picture.scaled((QSizeF(picture.size()) * ratio / kPictureScale).toSize(),
                                    Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 #include <QTableView>
 #include <QTreeView>
+#include <utility>
 
 #include "controls/WindowHost.h"
 #include "ui/qt/Binder.h"
@@ -35,22 +36,28 @@ class RowsWidget : public QTreeView {
   const ListView& list_;
 };
 
-// A tree that knows whether the mouse is what moves its selection: a press is followed by a click,
-// and must not count twice.
+// A tree that knows whether the press of the mouse just chose a node: the click that follows must
+// not choose it once more.
 class NodesWidget : public QTreeView {
  public:
   using QTreeView::QTreeView;
-  bool IsPressed() const { return pressed_; }
+
+  // A node was chosen by whatever means.
+  void Chosen() { chosenByPress_ = pressed_; }
+  // Whether the present click still has to choose its node.
+  bool ClickCounts() { return !std::exchange(chosenByPress_, false); }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
     pressed_ = true;
+    chosenByPress_ = false;
     QTreeView::mousePressEvent(event);
     pressed_ = false;
   }
 
  private:
   bool pressed_ = false;
+  bool chosenByPress_ = false;
 };
 
 void ShowSelection(const ListView& list, QTreeView& view) {
@@ -121,6 +128,7 @@ QTreeView* Binder::Bind(ListView& list) {
     model->Reset();
     widget->setSelectionMode(list.multipleSelection ? QAbstractItemView::ExtendedSelection
                                                     : QAbstractItemView::SingleSelection);
+    widget->setAccessibleDescription(list.Count() == 0 ? ToQt(list.emptyText) : QString());
     ShowColumns(list, *widget, *shown);
     ShowSelection(list, *widget);
     widget->viewport()->update();
@@ -165,12 +173,15 @@ QTreeView* Binder::Bind(TreeView& tree) {
     Act([&] { tree.SelectByUser(key); });
   };
   // A click on the selected node counts as well: it loads the folder again.
-  connect(widget, &QTreeView::clicked, this, chosen);
+  connect(widget, &QTreeView::clicked, this, [widget, chosen](const QModelIndex& index) {
+    if (widget->ClickCounts()) chosen(index);
+  });
   // Keys and a screen reader's choice; the latter selects a node without making it the current one.
   connect(widget->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [widget, chosen](const QItemSelection& selected) {
-            if (!widget->IsPressed() && !selected.isEmpty())
-              chosen(selected.indexes().constFirst());
+            if (selected.isEmpty()) return;
+            widget->Chosen();
+            chosen(selected.indexes().constFirst());
           });
   connect(widget, &QTreeView::expanded, this, [this, &tree](const QModelIndex& index) {
     const Text key = TreeModel::Node(index).key;

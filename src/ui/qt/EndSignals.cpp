@@ -1,5 +1,6 @@
 #include "ui/qt/EndSignals.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -30,7 +31,7 @@ void Handle(void (*handler)(int)) {
 }  // namespace
 
 EndSignals::EndSignals(std::function<void()> requestEnd) {
-  if (pipe(pipeEnds.data()) != 0) return;
+  if (pipe2(pipeEnds.data(), O_CLOEXEC) != 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                    [requestEnd = std::move(requestEnd)] {

@@ -65,13 +65,15 @@ QWidget* QtWindowHost::WidgetOf(const Window& window) const {
   return shown == nullptr ? nullptr : shown->top.get();
 }
 
-// New windows stand before the one that is in front.
-QWidget* QtWindowHost::Parent() const {
-  if (QWidget* active = QApplication::activeModalWidget()) return active;
+// A modal window goes before the one in front. One that is not modal may outlive whatever is in
+// front, so it belongs to the main window.
+QWidget* QtWindowHost::Parent(Modality modality) const {
+  QWidget* active = QApplication::activeModalWidget();
+  if (modality == Modality::Modal && active != nullptr) return active;
   return shown_.empty() ? nullptr : shown_.front()->top.get();
 }
 
-QtWindowHost::Shown& QtWindowHost::Make(Window& window) {
+QtWindowHost::Shown& QtWindowHost::Make(Window& window, Modality modality) {
   auto shown = std::make_unique<Shown>();
   for (const auto& layout : layouts_) {
     if (layout.window == window.name()) shown->layout = &layout;
@@ -81,12 +83,14 @@ QtWindowHost::Shown& QtWindowHost::Make(Window& window) {
   if (shown->layout->kind == Layout::Kind::Main) {
     shown->top = std::make_unique<QMainWindow>();
   } else {
-    shown->top = std::make_unique<QDialog>(Parent());
+    shown->top = std::make_unique<QDialog>(Parent(modality));
   }
   QWidget& top = *shown->top;
   top.setObjectName(QString::fromStdString(window.name()));
   if (shown->layout->kind == Layout::Kind::Busy) {
-    top.setWindowFlag(Qt::WindowCloseButtonHint, false);
+    top.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    // The keys of the main window go on working while this one stands beside it.
+    top.setAttribute(Qt::WA_ShowWithoutActivating, modality == Modality::Modeless);
   }
   shown->binder = std::make_unique<Binder>(*this, top);
   shown->layout->layOut(window, top, *shown->binder);
@@ -103,7 +107,7 @@ QtWindowHost::Shown& QtWindowHost::Make(Window& window) {
 
 void QtWindowHost::DoShow(Window& window, Modality modality) {
   Shown* known = Find(window);
-  Shown& shown = known != nullptr ? *known : Make(window);
+  Shown& shown = known != nullptr ? *known : Make(window, modality);
   QWidget& top = *shown.top;
   if (modality == Modality::Modeless) {
     top.show();
@@ -161,7 +165,11 @@ bool QtWindowHost::eventFilter(QObject* watched, QEvent* event) {
   const bool busy = shown->layout->kind == Layout::Kind::Busy;
   if (event->type() == QEvent::Close) {
     event->ignore();
-    if (!busy) RunEvent([window = shown->window] { window->Unload(); });
+    if (shown->layout->kind == Layout::Kind::Main) {
+      RequestEnd();  // also when something waits just now
+    } else if (!busy) {
+      RunEvent([window = shown->window] { window->Unload(); });
+    }
     return true;
   }
   if (event->type() == QEvent::KeyPress &&
@@ -222,7 +230,7 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
 
 // A box that is closed without an answer is an answer to cancel, or no.
 Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
-  QMessageBox box(Parent());
+  QMessageBox box(Parent(Modality::Modal));
   box.setObjectName(QStringLiteral("MessageBox"));
   box.setWindowTitle(QCoreApplication::applicationName());
   box.setTextFormat(Qt::PlainText);
@@ -251,6 +259,16 @@ void QtWindowHost::WordsChanged() {
   }
 }
 
+bool QtWindowHost::DoCanEditInFocus(EditAct act) const {
+  const QWidget* focus = QApplication::focusWidget();
+  const bool reads = act == EditAct::Copy || act == EditAct::SelectAll;
+  if (const auto* line = qobject_cast<const QLineEdit*>(focus)) return reads || !line->isReadOnly();
+  if (const auto* editor = qobject_cast<const QPlainTextEdit*>(focus)) {
+    return reads || !editor->isReadOnly();
+  }
+  return reads && qobject_cast<const QAbstractItemView*>(focus) != nullptr;
+}
+
 // Text fields know the act by name; a list can give its selected rows to the clipboard.
 bool QtWindowHost::DoEditInFocus(EditAct act) {
   constexpr const char* kSlots[] = {"cut", "copy", "paste", "del", "selectAll"};
@@ -263,15 +281,15 @@ bool QtWindowHost::DoEditInFocus(EditAct act) {
   }
   if (act == EditAct::Delete) {
     if (auto* editor = qobject_cast<QPlainTextEdit*>(focus)) {
-      editor->textCursor().removeSelectedText();
+      if (!editor->isReadOnly()) editor->textCursor().removeSelectedText();
       return true;
     }
     auto* line = qobject_cast<QLineEdit*>(focus);
     if (line == nullptr) return false;
-    line->del();
+    if (!line->isReadOnly()) line->del();
     return true;
   }
-  return QMetaObject::invokeMethod(focus, kSlots[static_cast<int>(act)]);
+  return CanEditInFocus(act) && QMetaObject::invokeMethod(focus, kSlots[static_cast<int>(act)]);
 }
 
 namespace {
@@ -295,7 +313,7 @@ std::optional<std::filesystem::path> Chosen(const QFileDialog& dialog) {
 }  // namespace
 
 std::optional<std::filesystem::path> QtWindowHost::DoAskSaveFile(const FileQuestion& question) {
-  QFileDialog dialog(Parent());
+  QFileDialog dialog(Parent(Modality::Modal));
   Prepare(dialog, question);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.selectFile(ToQt(question.suggestedName));
@@ -303,7 +321,7 @@ std::optional<std::filesystem::path> QtWindowHost::DoAskSaveFile(const FileQuest
 }
 
 std::optional<std::filesystem::path> QtWindowHost::DoAskOpenFile(const FileQuestion& question) {
-  QFileDialog dialog(Parent());
+  QFileDialog dialog(Parent(Modality::Modal));
   Prepare(dialog, question);
   dialog.setFileMode(QFileDialog::ExistingFile);
   return Exec(dialog) == QDialog::Accepted ? Chosen(dialog) : std::nullopt;

@@ -42,6 +42,7 @@ class QtWindowHost : public QObject, public WindowHost {
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
   bool DoEditInFocus(EditAct act) override;
+  bool DoCanEditInFocus(EditAct act) const override;
   void WordsChanged() override;
   void DoYield() override;
   void DoEndModals() override;
@@ -62,8 +63,9 @@ class QtWindowHost : public QObject, public WindowHost {
 
   Shown* Find(const Window& window) const;
   Shown* FindTop(const QObject* top) const;
-  Shown& Make(Window& window);
-  QWidget* Parent() const;
+  Shown& Make(Window& window, Modality modality);
+  // The window that a new one stands before.
+  QWidget* Parent(Modality modality) const;
   int Exec(QDialog& dialog);
 
   std::vector<Layout> layouts_;

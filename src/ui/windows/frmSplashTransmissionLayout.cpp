@@ -10,7 +10,6 @@ void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind) {
   auto* words = bind.Bind(window.Label1);
   words->setAlignment(Qt::AlignHCenter);
   column->addWidget(words);
-  bind.Bind(window.tmrTransferTimer);
 }
 
 }  // namespace tessarin
