@@ -13,7 +13,8 @@ class ATLine {
  public:
   virtual ~ATLine() = default;
 
-  // Sends `command` and a carriage return, one byte a unit. True when all bytes were written.
+  // Sends `command` and a carriage return, one byte a unit ("?" for one above U+00FF). True when
+  // all bytes were written.
   [[nodiscard]] virtual bool SendATCommand(TextView command) = 0;
 
   // Sends `text` as it stands, one byte a unit and no terminator: the PDU of a message and the

@@ -17,9 +17,9 @@ std::string Encode(TextView text, int codePage);
 
 // The text of the bytes. Malformed input never fails:
 //   - UTF-8: each byte of no well-formed sequence becomes U+FFFD;
-//   - UTF-7: a "+" run that is not well-formed stays as it stands, and so does, as U+0080 to
-//   U+00FF,
-//     a byte above 0x7F.
+//   - UTF-7 (RFC 2152): a "+" run that is not well-formed stays as it stands, and so does a run of
+//     eight or more digits that no "-" closes, which is a telephone number; a byte above 0x7F
+//     stays as U+0080 to U+00FF.
 // Throws ConversionError for another page.
 Text Decode(std::string_view bytes, int codePage);
 

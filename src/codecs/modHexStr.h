@@ -4,8 +4,9 @@
 // unit up to U+00FF) in a pair; the 4-digit form holds one UTF-16 unit in a group of four, most
 // significant digit first. OBEX packets and the record files are held in it.
 //
-// Nothing here fails. A group is read as far as its digits are hexadecimal, of either case: "4G"
-// reads as 4, "G4" as 0, and a last short group as far as it goes.
+// No digits and no text make anything here fail. A group is read as far as its digits are
+// hexadecimal, of either case: "4G" reads as 4, "G4" as 0, and a last short group as far as it
+// goes.
 #pragma once
 
 #include <string>

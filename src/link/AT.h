@@ -1,6 +1,6 @@
 #pragma once
 
-// The questions by which a phone tells who it is (3GPP TS 27.007, clause 5).
+// The questions by which a phone tells who it is (3GPP TS 27.007, clause 5; AT+GMM: ITU-T V.250).
 
 #include "codecs/ATLine.h"
 

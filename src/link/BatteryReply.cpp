@@ -10,10 +10,21 @@ namespace tessarin {
 
 namespace {
 
+// Upper and lower case are equal, as in every reply of the phone.
+bool StartsWith(std::string_view line, std::string_view head) {
+  return line.size() >= head.size() &&
+         std::equal(head.begin(), head.end(), line.begin(),
+                    [](char a, char b) { return a == (b >= 'a' && b <= 'z' ? b - 32 : b); });
+}
+
+bool Equals(std::string_view line, std::string_view word) {
+  return line.size() == word.size() && StartsWith(line, word);
+}
+
 constexpr std::string_view kAnswer = "+CBC:";
 
 bool IsRefusal(std::string_view line) {
-  return line == "ERROR" || line.starts_with("+CME ERROR") || line.starts_with("+CMS ERROR");
+  return Equals(line, "ERROR") || StartsWith(line, "+CME ERROR") || StartsWith(line, "+CMS ERROR");
 }
 
 // Takes a number, and the blanks around it, off the head of `text`.
@@ -43,9 +54,9 @@ BatteryReply ReadBatteryReply(std::string_view received) {
   while (!received.empty() && !reply.ended) {
     const auto line = received.substr(0, received.find_first_of("\r\n"));
     received.remove_prefix(line.size() + 1);
-    if (line.starts_with(kAnswer)) reply.level = Level(line.substr(kAnswer.size()));
+    if (StartsWith(line, kAnswer)) reply.level = Level(line.substr(kAnswer.size()));
     if (IsRefusal(line)) return {true, linkport::kNoBatteryLevel};
-    reply.ended = line == "OK";
+    reply.ended = Equals(line, "OK");
   }
   return reply;
 }

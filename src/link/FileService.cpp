@@ -63,8 +63,13 @@ std::string_view CutListing(std::string_view received) {
   constexpr std::string_view kBegin = "<folder-listing";
   constexpr std::string_view kEnd = "folder-listing>";
   const std::size_t begin = received.find(kBegin);
+  if (begin == received.npos) return {};
   const std::size_t end = received.rfind(kEnd);
-  if (begin == received.npos || end == received.npos || end < begin) return {};
+  if (end == received.npos || end < begin) {
+    // An empty folder may be a single tag that closes itself.
+    const std::size_t close = received.find("/>", begin);
+    return close == received.npos ? "" : received.substr(begin, close + 2 - begin);
+  }
   return received.substr(begin, end + kEnd.size() - begin);
 }
 
@@ -160,7 +165,9 @@ bool FileService::Send(const std::string& packet, Reply expected) {
 bool FileService::Put(const std::string& idHeader, const fs::path& path, bool withLength) {
   Source source(path);
   if (!source.IsOpen()) return false;
-  std::string headers = idHeader + modOBEX::NameHeader(FromUtf8(path.filename().string()));
+  // The phone's folders are divided by backslashes, so a name goes out from its last one on.
+  const Text file = FromUtf8(path.filename().string());
+  std::string headers = idHeader + modOBEX::NameHeader(file.substr(file.rfind(u'\\') + 1));
   if (withLength) headers += modOBEX::LengthHeader(source.Left());
   if (headers.size() / 2 > kChunk) return false;
 

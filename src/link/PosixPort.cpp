@@ -76,10 +76,10 @@ int PosixPort::serial_write(const std::uint8_t* bytes, std::size_t count) {
       bytes += written;
       count -= static_cast<std::size_t>(written);
       limit = steady_clock::now() + kWriteLimit;
-    } else if (errno == EAGAIN) {
+    } else if (written < 0 && errno == EAGAIN) {
       if (steady_clock::now() >= limit) return 0;
       WaitFor(POLLOUT, kWriteSliceMilliseconds);
-    } else if (errno != EINTR) {
+    } else if (written == 0 || errno != EINTR) {
       gone_ = true;
     }
   }
@@ -149,7 +149,7 @@ std::uint16_t PosixPort::GetBatteryLevel() {
   while (!reply.ended && IsUsable() && steady_clock::now() < limit) {
     if (ReadSome(*this, received) > 0) reply = ReadBatteryReply(received);
   }
-  return reply.level;
+  return reply.ended ? reply.level : kNoBatteryLevel;
 }
 
 std::string PosixPort::DeviceName(int port) const {

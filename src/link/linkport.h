@@ -18,14 +18,18 @@ class linkport {
   linkport(const linkport&) = delete;
   linkport& operator=(const linkport&) = delete;
 
-  // Opens `deviceName` ("\\.\COM3") for this program alone, 8 data bits, no parity, 1 stop bit, at
-  // `speed` bits a second; speed 0 is 115200. Non-zero on success.
+  // Whatever waits here may be unwound by an exception of its owner's, which is how the program
+  // ends while a phone is silent. In the middle of a write a part may then have gone out.
+
+  // Closes what is open, then opens `deviceName` ("\\.\COM3") for this program alone, 8 data bits,
+  // no parity, 1 stop bit, at `speed` bits a second; speed 0 is 115200. Non-zero on success.
   virtual int serial_open(const std::string& deviceName, std::int32_t speed) = 0;
 
   // Harmless when no port is open.
   virtual void serial_close() = 0;
 
-  // Non-zero when all bytes were written.
+  // Non-zero when all bytes were written; on failure a part may have gone out. Waits at most about
+  // five seconds without progress.
   virtual int serial_write(const std::uint8_t* bytes, std::size_t count) = 0;
 
   // The number of bytes placed in `buffer`, at most `maximum`; 0 if none came within a few

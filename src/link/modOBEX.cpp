@@ -96,14 +96,17 @@ std::string Packet(Opcode opcode, std::string_view headers, std::string_view fie
 
 std::optional<std::string_view> FindBody(std::string_view hex) {
   hex.remove_prefix(std::min(hex.size(), kHeadDigits));
+  std::optional<std::string_view> body;
   while (!hex.empty()) {
     const std::size_t size = HeaderSize(hex);
-    if (size == 0) return std::nullopt;
+    // Behind the body only whole headers may stand: anything else is data that the body's own
+    // length left out.
+    if (size == 0 || (body && size > hex.size())) return std::nullopt;
     const auto header = hex.substr(0, size);
-    if (IsBody(header)) return header.substr(kHeaderDigits);
+    if (!body && IsBody(header)) body = header.substr(kHeaderDigits);
     hex.remove_prefix(header.size());
   }
-  return hex;
+  return body.value_or(hex);
 }
 
 }  // namespace tessarin::modOBEX

@@ -113,6 +113,8 @@ TEST_F(FilePageTest, AFolderThatIsGoneLeavesTreeAndListAsTheyAre) {
   EXPECT_EQ(session.tvwPhoneDir.Count(), 5);
   EXPECT_TRUE(host.boxes.empty());
   ExpectIdle();
+  Enter(u"Phone");
+  EXPECT_EQ(ChildrenOf(u"Phone"), "Phone\\Other=Other ");
 }
 
 TEST_F(FilePageTest, ADamagedListingIsToldAndCostsThatFolderOnly) {
@@ -165,6 +167,22 @@ TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnd
   EXPECT_FALSE(busyWindow_.IsLoaded());
   EXPECT_FALSE(busyWindow_.Animation1.playing);
   EXPECT_TRUE(host.IsEnding());
+}
+
+// A transfer of this page starts straight from the click, outside any tick.
+TEST_F(FilePageTest, AWorkerHoldsTheTicksBackByItself) {
+  Text label;
+  busyWindow_.workers().Set(worker::kDownloading, [&] {
+    label = busyWindow_.Label1.text();
+    EXPECT_TRUE(session.IsBusy());
+  });
+  host.RunEvent([this] {
+    busyWindow_.PhoneToPc(worker::kDownloading, u"Ode.mid");
+    busyWindow_.Work();
+  });
+  EXPECT_EQ(label, Word(text::interface_::kTransferReceiving) + u"Ode.mid");
+  EXPECT_FALSE(session.IsBusy());
+  EXPECT_FALSE(busyWindow_.IsLoaded());
 }
 
 }  // namespace

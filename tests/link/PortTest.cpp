@@ -115,6 +115,8 @@ TEST(BatteryReply, IsReadFromWholeLines) {
       {"\r\n+CBC: 0,85\r\n\r\nOK\r\n", true, 85},
       {"AT+CBC\r\r\n+CBC: 0,85\r\n\r\nOK\r\n", true, 85},
       {"AT+CBC\r+CBC:1, 100\r\nOK\r\n", true, 100},
+      {"\r\n+cbc: 0,85\r\n\r\nok\r\n", true, 85},  // case counts in no reply
+      {"\r\n+CMS ERROR: 500\r\n", true, kNone},
       {"+CBC: 0,0\nOK\n", true, 0},
       {"\r\n+CBC: 0,101\r\n\r\nOK\r\n", true, kNone},
       {"\r\n+CBC: 0,-1\r\n\r\nOK\r\n", true, kNone},

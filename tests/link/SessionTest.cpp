@@ -148,7 +148,8 @@ TEST(modOBEX, FindsTheBodyBehindAnyHeaders) {
       {"A0 0019 CB 00000001 01 0007 0049 0000 C3 00000002 49 0005 'ab'", "6162"},
       {"A0 000A 97 01 49 0005 'ab'", "6162"},  // a one-byte header
       {"A0 000B 4C 0003 49 0005 'ab'", "6162"},
-      {"A0 000B 49 0005 'ab' 4C 0003", "6162"},  // headers behind it
+      {"A0 000B 49 0005 'ab' 4C 0003", "6162"},      // headers behind it
+      {"A0 000C 49 0004 'ab' 4C 0003", kMalformed},  // told shorter than it is
       {"A0 0006 49 0003", ""},
       {"A0 0006 49 0000", kMalformed},
       {"A0 0006 49 0002", kMalformed},

@@ -29,8 +29,8 @@ namespace {
 class FitTest : public testing::TestWithParam<int> {
  protected:
   FitTest() {
-    char pattern[] = "/tmp/tessarin-ui-XXXXXX";
-    folder_ = mkdtemp(pattern);
+    std::string pattern = std::filesystem::temp_directory_path() / "tessarin-ui-XXXXXX";
+    folder_ = mkdtemp(pattern.data());
     program_ = std::make_unique<Program>(
         host_, ProgramFolders{folder_, TESSARIN_SHARE, folder_ / "registry.ini", folder_ / "dev"});
     program_->Start();

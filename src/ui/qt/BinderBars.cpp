@@ -143,6 +143,8 @@ QMenuBar* Binder::Bind(Menu& menu) {
   };
   auto actions = std::make_shared<MenuActions>(*widget, tell(menu.clicked), tell(menu.opening),
                                                tell(menu.closed));
+  // A menu that is open when its window goes hides later than this binder lets go of everything.
+  connect(widget, &QObject::destroyed, widget, [actions] {});
   BindState(menu, *widget, [&menu, actions] { actions->Show(menu.entries()); });
   connections_.push_back(menu.popUpRequested.Connect([this, actions](const std::string& key) {
     if (QMenu* context = actions->MenuOf(key)) context->popup(menuPlace_);
