@@ -113,9 +113,10 @@ class Stage:
         except subprocess.TimeoutExpired:
             return None
 
-    def start_phone(self):
+    def start_phone(self, *options):
         self.phone = self._start(self._build / "phonesim/tessarin-phonesim", "--link", self._link,
-                                 "--content", self._folder / "phone", "--battery", "charge")
+                                 "--content", self._folder / "phone", "--battery", "charge",
+                                 *options)
 
     def end_phone(self):
         """Unplugs the phone; fails when it has a breach of the protocol to report."""

@@ -11,6 +11,8 @@ from stage import grab
 SCAN_LIMIT = 90  # seconds; another device that keeps silent costs the search ten of them
 LIMIT = 20
 DARK = 128  # of 255
+SLOW = "400"  # milliseconds before each answer of a slow phone, to see the windows of long work
+WINDOWS = ("frame", "dialog")
 BATTERY_PANEL = 6
 BATTERY_PICTURES = 3  # how many different ones must be seen while charging
 FOLDERS = ("Phone", "Sounds", "Ringtones")
@@ -33,7 +35,11 @@ class Walk:
 
     def _find(self, role, name):
         self._stage.require_program()
-        return self._root.find(role, name)
+        if role not in WINDOWS:
+            return self._root.find(role, name)
+        # Only at the top: while the program works it answers each question some 20 ms later.
+        windows = (node for node in self._root.children if node.name == name)
+        return next((node for node in windows if node.role == role and node.showing), None)
 
     def _wait(self, role, name, limit=LIMIT, what=None):
         return wait(what or f"{role} “{name}”", lambda: self._find(role, name), limit)
@@ -79,6 +85,9 @@ class Walk:
     def found(self):
         """switched the phone on"""
         self._stage.start_phone()
+        return self._asked()
+
+    def _asked(self):
         self._wait("dialog", self._words["kAskingTitle"], SCAN_LIMIT)
         if self._find("dialog", self._words["kSearchTitle"]):
             raise AssertionError("the search window is still there")
@@ -165,8 +174,9 @@ class Walk:
         return f"“{self._words['kSearchTitle']}” is back, no phone connected"
 
     def found_again(self):
-        """switched it on again"""
-        return self.found()
+        """switched it on again, slow now"""
+        self._stage.start_phone("--delay", SLOW)
+        return self._asked()
 
     def accepted(self):
         """let the phonebook be read"""
@@ -183,8 +193,17 @@ class Walk:
         bar = f"“{reading}” came and went" if seen else "read before one could look"
         return f"{bar}; {self._connected()}"
 
+    def busy(self):
+        """took the next step that the start panel offers"""
+        self._press(self._words["kStartOpenFiles"])
+        title = self._words["kTransferTitle"]
+        window = self._wait("dialog", title)
+        words = window.find("label", bool)
+        return f"“{title}” before it: “{words.name}”"
+
     def closed(self):
         """chose Exit in the menu"""
+        self._wait_until_gone("dialog", self._words["kTransferTitle"])
         try:
             self._choose("kMenuFile", "kMenuExit")
         except Gone:
@@ -196,5 +215,5 @@ class Walk:
         return "a clean end, and a phone without complaints"
 
     WHOLE = (search, found, start_panel, charging, phone_info, explorer, folder, lost, found_again,
-             accepted, closed)
+             accepted, busy, closed)
     SHORT = (search, found, start_panel, phone_info, explorer, folder, closed)

@@ -50,6 +50,16 @@ unsigned ReadGroup(std::string_view hex, std::size_t at, std::size_t width) {
   return value;
 }
 
+// The byte of the pair at `at`. Nearly all pairs are two good digits.
+std::uint8_t ReadPair(std::string_view hex, std::size_t at) {
+  if (at + 1 < hex.size()) {
+    const std::uint8_t high = kValues[static_cast<unsigned char>(hex[at])];
+    const std::uint8_t low = kValues[static_cast<unsigned char>(hex[at + 1])];
+    if ((high | low) < 16) return static_cast<std::uint8_t>(high << 4 | low);
+  }
+  return static_cast<std::uint8_t>(ReadGroup(hex, at, 2));
+}
+
 Text ReadUnits(std::string_view hex, std::size_t width) {
   Text text((hex.size() + width - 1) / width, u'\0');
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -97,9 +107,7 @@ Bytes HexToBytes(std::string_view hex) {
   const std::size_t half = hex.size() / 2;
   const std::size_t pairs = half + (hex.size() % 2 != 0 && half % 2 != 0 ? 1 : 0);
   Bytes bytes(pairs + 1, 0);
-  for (std::size_t i = 0; i < pairs; ++i) {
-    bytes[i] = static_cast<std::uint8_t>(ReadGroup(hex, 2 * i, 2));
-  }
+  for (std::size_t i = 0; i < pairs; ++i) bytes[i] = ReadPair(hex, 2 * i);
   return bytes;
 }
 

@@ -59,7 +59,9 @@ void FilePage::ApplyTexts() { SayWhyEmpty(whyEmpty_); }
 
 void FilePage::SayWhyEmpty(int interfaceText) {
   whyEmpty_ = interfaceText;
-  session_.lvwPhoneFile.emptyText = session_.language().getTSInterfaceStr(interfaceText);
+  // One of the reasons names what could not be read.
+  session_.lvwPhoneFile.emptyText =
+      session_.language().Filled(interfaceText, {session_.phoneModel});
 }
 
 // The first opening with a phone fills the choice of its top-level folders.
@@ -121,8 +123,10 @@ void FilePage::fileLoading() {
   } enable{tree};
   const Text startFolder;  // this page shows the phone from its root
   Text xml;
-  SayWhyEmpty(words::kFolderUnreadable);
-  if (!ReadFolder(startFolder, xml)) return;
+  if (!ReadFolder(startFolder, xml)) {
+    SayWhyEmpty(words::kFolderUnreadable);
+    return;
+  }
   tree.Add(u"", startFolder, session_.phoneModel, kClosed, kOpen);
   tree.Select(startFolder);
   tree.Expand(startFolder);

@@ -145,7 +145,7 @@ TEST_F(FilePageTest, ARefusalLeavesAnEmptyTreeThatCanBeTriedAgain) {
   Open();
   EXPECT_EQ(session.tvwPhoneDir.Count(), 0);
   EXPECT_EQ(session.lvwPhoneFile.emptyText(),
-            language.getTSInterfaceStr(text::interface_::kFolderUnreadable));
+            language.Filled(text::interface_::kFolderUnreadable, {session.phoneModel}));
   EXPECT_TRUE(host.boxes.empty());
   ExpectIdle();
   settings.With([](phonesim::Behaviour& b) { b.refusedOperations.clear(); });

@@ -104,7 +104,6 @@ void ShowButton(const ToolbarButton& button, QAction& action) {
   action.setIcon(Icon(button.image));
   action.setShortcut(QKeySequence::fromString(QString::fromStdString(button.shortcut)));
   action.setEnabled(button.enabled);
-  action.setCheckable(button.pressed || action.isCheckable());
   action.setChecked(button.pressed);
 }
 
@@ -159,7 +158,7 @@ QToolBar* Binder::Bind(Toolbar& bar, bool wordsBelow) {
   widget->setToolButtonStyle(wordsBelow ? Qt::ToolButtonTextUnderIcon
                                         : Qt::ToolButtonTextBesideIcon);
   auto keys = std::make_shared<std::vector<std::string>>();
-  BindState(bar, *widget, [this, &bar, widget, keys] {
+  BindState(bar, *widget, [this, &bar, widget, keys, wordsBelow] {
     std::vector<std::string> now;
     for (const auto& button : bar.buttons()) now.push_back(button.key);
     if (now != *keys) {
@@ -170,8 +169,12 @@ QToolBar* Binder::Bind(Toolbar& bar, bool wordsBelow) {
       for (const auto& key : now) {
         auto* action = widget->addAction(QString());
         action->setObjectName(QString::fromStdString(key));
-        connect(action, &QAction::triggered, this,
-                [this, &bar, key] { Act([&] { bar.clicked(key); }); });
+        action->setCheckable(wordsBelow);
+        connect(action, &QAction::triggered, this, [this, &bar, action, key] {
+          // Which page's button stands pressed is the logic's decision, not the click's.
+          if (const auto* button = bar.Find(key)) action->setChecked(button->pressed);
+          Act([&] { bar.clicked(key); });
+        });
       }
       *keys = now;
     }

@@ -132,8 +132,9 @@ void QtWindowHost::DoUnload(Window& window) {
     shown->top->hide();
     shown->binder->Release();
     // The call may come from a widget of this very window, which must outlive its own signal.
-    shown->binder.release()->deleteLater();
+    // A menu that stands open tells the binder that it closes even then, so the binder goes last.
     shown->top.release()->deleteLater();
+    shown->binder.release()->deleteLater();
     return;
   }
 }
