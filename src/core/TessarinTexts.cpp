@@ -59,6 +59,7 @@ void TessarinMenu::ApplyPanelTexts() {
   const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
   const auto columns = [&](const std::vector<Column>& table) {
     std::vector<ListColumn> heads;
+    heads.reserve(table.size());
     for (const Column& column : table) {
       heads.push_back({column.heading < 0 ? Text() : word(column.heading), column.width,
                        column.numbers, column.visible});

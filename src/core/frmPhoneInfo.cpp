@@ -8,7 +8,7 @@ namespace tessarin {
 namespace words = text::interface_;
 
 Text AskModelName(AT& phone, TextView modelCode) {
-  const Text name = ModelName(modelCode);
+  Text name = ModelName(modelCode);
   if (name != kUnknownModel) return name;
   const Text own = phone.GetModelName();
   return own.empty() ? name : TrimBlanks(own);

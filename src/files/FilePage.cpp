@@ -171,9 +171,10 @@ bool FilePage::ShowFolder(const Text& key, TextView xml) {
     return false;
   }
   currentFolder_ = key;
+  const Text prefix = key.empty() ? Text() : key + u"\\";
   std::vector<TreeView::Item> folders;
   for (const Text& folder : listing.folders) {
-    folders.push_back({key.empty() ? folder : key + u"\\" + folder, folder, kClosed, kOpen});
+    folders.push_back({Text(prefix).append(folder), folder, kClosed, kOpen});
   }
   session_.tvwPhoneDir.FillChildren(key, std::move(folders));
   std::vector<ListRow> rows;

@@ -48,7 +48,7 @@ TEST_F(RegistryTest, KeepsWhatWasWritten) {
 TEST_F(RegistryTest, CutsTextsAtTheirFirstZero) {
   Set(u"Language", Text(u"ru\0ru", 5));
   EXPECT_EQ(Get(), u"ru");
-  Write(std::string("[SOFTWARE\\Tessarin]\nLanguage=\"it\0x\"\n", 37));
+  Write(std::string("[SOFTWARE\\Tessarin]\nLanguage=\"it\0x\"\n", 36));
   EXPECT_EQ(Get(), u"it");
 }
 

@@ -67,7 +67,7 @@ TEST_F(StartupTest, WritesTheLanguageThatTheMenuChose) {
       {"French", u"fra"},  {"German", u"ger"},   {"Italian", u"it"},
       {"Spanish", u"spa"}, {"Russian", u"ru"},   {"Romanian", u"spa"}};
   for (const auto& [key, code] : codes) {
-    host.RunEvent([&] { session.MainMenu.clicked(key); });
+    host.RunEvent([this, &entry = key] { session.MainMenu.clicked(entry); });
     EXPECT_EQ(registry.RegGetString(kRegistryKey, kRegistryLanguage), code) << key;
     EXPECT_EQ(kLanguages[static_cast<std::size_t>(session.languageIndex)].menuKey, key);
     EXPECT_EQ(PanelText(panel::kConnection), Word(text::interface_::kStatusNoPhone)) << key;

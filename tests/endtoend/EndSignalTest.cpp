@@ -48,6 +48,7 @@ class RunningProgram {
     std::filesystem::create_directory(home / "run");
     std::filesystem::permissions(home / "run", std::filesystem::perms(0700));
     std::vector<char*> environment;
+    environment.reserve(settings.size() + 1);
     for (auto& setting : settings) environment.push_back(setting.data());
     environment.push_back(nullptr);
     std::string program = TESSARIN_PROGRAM;

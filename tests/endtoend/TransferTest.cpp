@@ -60,7 +60,7 @@ TEST_P(TransferTest, MovesFilesOfEverySizeUnchanged) {
     SCOPED_TRACE(size);
     SendAndFetch("a.bin", Content(size));
   }
-  SendAndFetch("large", Content(1024 * 1024));
+  SendAndFetch("large", Content(1U << 20));
   EXPECT_TRUE(host.boxes.empty());
 }
 

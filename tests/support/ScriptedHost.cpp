@@ -95,10 +95,10 @@ void ScriptedHost::DoShow(Window& window, Modality modality) {
 }
 
 void ScriptedHost::StandModal(Window& window) {
-  const std::string name = window.name();
+  const std::string reason = window.name() + " stands for ever";
   const auto end = Clock::now() + kModalLimit;
   while (Stands(window) && !modalsEnded_) {
-    if (Clock::now() >= end) throw std::logic_error(name + " stands for ever");
+    if (Clock::now() >= end) throw std::logic_error(reason);
     if (!RunOneTick()) std::this_thread::sleep_for(kPause);
   }
 }

@@ -26,7 +26,7 @@ void CopyRows(const QAbstractItemView& view) {
   QStringList lines;
   for (const auto& row : view.selectionModel()->selectedRows()) {
     QStringList cells;
-    for (int column = 0; column < row.model()->columnCount(row.parent()); ++column) {
+    for (int column = 0; column < view.model()->columnCount(row.parent()); ++column) {
       cells << row.siblingAtColumn(column).data().toString();
     }
     lines << cells.join(QLatin1Char('\t'));

@@ -69,6 +69,7 @@ QVariant Unwrap(QVariant value) {
 
 Theme::Theme(QObject* parent) : QObject(parent) {
   platformIsDark_ = QApplication::palette().color(QPalette::Window).lightness() < 128;
+  // The application owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
   QApplication::setStyle(new PlainButtons(QStringLiteral("Fusion")));
   auto bus = QDBusConnection::sessionBus();
   bool dark = platformIsDark_;
