@@ -12,13 +12,13 @@ constexpr std::size_t kHeadDigits = 6;    // response code and packet length
 constexpr std::size_t kHeaderDigits = 6;  // header identifier and 16-bit length
 constexpr std::size_t kIdDigits = 8;      // a connection identifier
 
-// The number in the `digits` digits at `at`, which are there.
+// The number in the upper-case `digits` digits at `at`, as far as they are there.
 std::size_t Value(std::string_view hex, std::size_t at, std::size_t digits) {
   std::size_t value = 0;
-  for (const std::uint8_t byte : modHexStr::HexToBytes(hex.substr(at, digits))) {
-    value = value << 8 | byte;
+  for (const char digit : hex.substr(at, digits)) {
+    value = value << 4 | static_cast<std::size_t>(digit <= '9' ? digit - '0' : digit - 'A' + 10);
   }
-  return value >> 8;  // HexToBytes puts a zero byte behind the last
+  return value;
 }
 
 // The digits of the header that begins `hex`; 0 when it is malformed.
