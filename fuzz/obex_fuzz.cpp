@@ -81,7 +81,9 @@ void CheckListing(const ScriptedPort::Pieces& pieces) {
   Ends([&] {
     Text xml;
     if (!link.files.GetFolderListing("00000001", xml, "x-obex/folder-listing")) return;
-    Require(xml.starts_with(u"<folder-listing") && xml.ends_with(u"folder-listing>"));
+    // To its last tag, or a single tag that closes itself.
+    Require(xml.starts_with(u"<folder-listing") &&
+            (xml.ends_with(u"folder-listing>") || xml.ends_with(u"/>")));
   });
 }
 
