@@ -1,0 +1,22 @@
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QTreeView>
+
+#include "ui/windows/PageLayouts.h"
+#include "ui/windows/PageParts.h"
+
+namespace tessarin {
+
+void LayOutSmsPage(TessarinMenu& window, QWidget& panel, Binder& bind) {
+  auto* column = PageColumn(window, 1, panel, bind);
+  auto* folders =
+      Splitter(Qt::Vertical, {bind.Bind(window.tvwPhoneSMS), bind.Bind(window.tvwPCSMS)});
+  auto* text = bind.BindMultiLine(window.rtbSMS);
+  text->setReadOnly(true);
+  auto* messages = Splitter(Qt::Vertical, {bind.Bind(window.lvwPhoneSMS), text});
+  auto* both = Splitter(Qt::Horizontal, {folders, messages});
+  both->setSizes({240, 760});
+  column->addWidget(both, 1);
+}
+
+}  // namespace tessarin
