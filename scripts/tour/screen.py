@@ -13,9 +13,12 @@ ACTION = "org.a11y.atspi.Action"
 COMPONENT = "org.a11y.atspi.Component"
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 NULL_PATH = "/org/a11y/atspi/null"
-SHOWING = 25  # the bit of the state "on the screen"
+# Bits of the state.
+ENABLED = 8
+SELECTED = 23
+SHOWING = 25  # on the screen
 SCREEN_COORDINATES = 0
-CALL_LIMIT = 5_000  # milliseconds
+CALL_LIMIT = 20_000  # milliseconds
 
 
 class Gone(Exception):
@@ -51,9 +54,20 @@ class Node:
     def role(self):
         return self._ask(ACCESSIBLE, "GetRoleName")[0]
 
+    def _has(self, state):
+        return bool(self._ask(ACCESSIBLE, "GetState")[0][0] >> state & 1)
+
     @property
     def showing(self):
-        return bool(self._ask(ACCESSIBLE, "GetState")[0][0] >> SHOWING & 1)
+        return self._has(SHOWING)
+
+    @property
+    def enabled(self):
+        return self._has(ENABLED)
+
+    @property
+    def selected(self):
+        return self._has(SELECTED)
 
     @property
     def parent(self):
@@ -87,10 +101,12 @@ class Node:
                 continue  # it went while it was looked at
 
     def find(self, role, name):
-        """The first on the screen with this role whose name is, or is accepted by, `name`."""
+        """The first on the screen with this role, or one of these, whose name is, or is accepted
+        by, `name`."""
+        roles = (role,) if isinstance(role, str) else role
         accepts = name if callable(name) else lambda each: each == name
         for node in self.all_showing():
-            if node.role == role and accepts(node.name):
+            if node.role in roles and accepts(node.name):
                 return node
         return None
 
@@ -98,6 +114,7 @@ class Node:
 def connect():
     """The accessibility bus of this session."""
     session = Gio.bus_get_sync(Gio.BusType.SESSION, None)
+    session.set_exit_on_close(False)  # the bus ends before the walk does
     address = ask(session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
     flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
              Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)

@@ -5,6 +5,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 from pathlib import Path
 
@@ -30,6 +31,21 @@ def running(*command, **options):
         yield process
     finally:
         end(process)
+
+
+@contextlib.contextmanager
+def session_bus(log):
+    """A D-Bus session, and a folder of sockets, of the walk's own; the bus's words go to `log`."""
+    reading, writing = os.pipe()
+    bus = ("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--print-address={writing}")
+    # The paths of sockets have to be short.
+    with (tempfile.TemporaryDirectory() as sockets, open(log, "w", encoding="utf-8") as words):
+        os.environ["XDG_RUNTIME_DIR"] = sockets
+        with running(*bus, pass_fds=[writing], stdout=words, stderr=words):
+            os.close(writing)
+            with open(reading, encoding="utf-8") as answer:
+                os.environ["DBUS_SESSION_BUS_ADDRESS"] = answer.readline().strip()
+            yield
 
 
 @contextlib.contextmanager

@@ -29,6 +29,10 @@ class Texts:
     def __getitem__(self, name):
         return self._words[self._index[name]]
 
+    def all(self):
+        """Every word of the interface."""
+        return set(self._words.values())
+
     def filled(self, name, *values):
         text = self[name]
         for number, value in enumerate(values, 1):

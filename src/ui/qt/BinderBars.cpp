@@ -14,6 +14,7 @@
 #include "ui/qt/Convert.h"
 #include "ui/qt/Films.h"
 #include "ui/qt/Icons.h"
+#include "ui/qt/PageTabs.h"
 
 namespace tessarin {
 
@@ -153,6 +154,7 @@ QMenuBar* Binder::Bind(Menu& menu) {
 
 QToolBar* Binder::Bind(Toolbar& bar, bool wordsBelow) {
   auto* widget = new QToolBar(&top_);
+  if (wordsBelow) TellOfPageTabs();
   widget->setMovable(false);
   widget->setIconSize(wordsBelow ? QSize(36, 36) : QSize(20, 20));
   widget->setToolButtonStyle(wordsBelow ? Qt::ToolButtonTextUnderIcon
