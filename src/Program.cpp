@@ -22,7 +22,8 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
                                             ? text::error::kReceiveFile
                                             : text::error::kSendFile);
                    }),
-      link_{port_, port_, com_, at_, obex_, fileService_},
+      irmc_(com_),
+      link_{port_, port_, com_, at_, obex_, fileService_, irmc_},
       session_({host, files_, registry_, language_, clock_, port_}),
       help_(host, language_),
       busyWindow_(session_),

@@ -59,6 +59,7 @@ class Program {
   AT at_;
   OBEX obex_;
   FileService fileService_;
+  IrMC irmc_;
   PhoneLink link_;
   TessarinMenu session_;
   frmHelp help_;

@@ -4,6 +4,7 @@
 
 #include "link/AT.h"
 #include "link/FileService.h"
+#include "link/IrMC.h"
 #include "link/OBEX.h"
 #include "link/PortDiagnosis.h"
 #include "link/linkport.h"
@@ -18,6 +19,7 @@ struct PhoneLink {
   AT& at;
   OBEX& obex;
   FileService& files;
+  IrMC& irmc;
 };
 
 inline constexpr std::string_view kFolderListingType = "x-obex/folder-listing";

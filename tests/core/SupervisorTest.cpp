@@ -319,7 +319,7 @@ TEST_F(SupervisorTest, TheEndUnwindsAWaitingConnection) {
   modComLib line(waiting, map);
   AT queries(line);
   OBEX sessions(line);
-  PhoneLink slow{waiting, waiting, line, queries, sessions, fileService};
+  PhoneLink slow{waiting, waiting, line, queries, sessions, fileService, irmc};
   TessarinMenu window({host, files, registry, language, clock, waiting});
   Supervisor main(window, slow);
   host.SetMainWindow(window);

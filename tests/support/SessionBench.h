@@ -80,7 +80,8 @@ class SessionBench : public testing::Test {
   AT at{com};
   OBEX obex{com};
   FileService fileService{com, nullptr};
-  PhoneLink link{port, port, com, at, obex, fileService};
+  IrMC irmc{com};
+  PhoneLink link{port, port, com, at, obex, fileService, irmc};
   TessarinMenu session{{host, files, registry, language, clock, port}};
   Supervisor supervisor{session, link};
 };
