@@ -3,6 +3,7 @@
 // An AT line that plays a script: each command takes the next reply.
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 #include "codecs/ATLine.h"
@@ -11,8 +12,9 @@ namespace tessarin {
 
 class ScriptedLine : public ATLine {
  public:
-  std::deque<Text> replies;  // when they run out, "ERROR" as on time-out
-  std::vector<Text> sent;    // commands and raw text, with their way: "text:" and "raw:"
+  std::deque<Text> replies;  // when they run out, `answer`, or "ERROR" as on time-out
+  std::function<Text(const Text& sent)> answer;  // to what was sent last
+  std::vector<Text> sent;  // commands and raw text, with their way: "text:" and "raw:"
   std::size_t sendsLeft = SIZE_MAX;
 
   bool SendATCommand(TextView command) override { return Send(Text(command)); }
@@ -30,7 +32,7 @@ class ScriptedLine : public ATLine {
     return true;
   }
   Text Next() {
-    if (replies.empty()) return u"ERROR";
+    if (replies.empty()) return answer ? answer(sent.back()) : u"ERROR";
     Text reply = std::move(replies.front());
     replies.pop_front();
     return reply;
