@@ -6,6 +6,7 @@
 //
 //   ..\0 prompts \\0 errors \\0 interface ..\0 further1 \\0 further2 \\0 further3     (0 is a NUL)
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <iostream>
@@ -34,6 +35,17 @@ std::string Unescaped(const std::string& text) {
   return plain;
 }
 
+bool IsIndex(const std::string& text) {
+  return !text.empty() && text.size() < 5 &&
+         text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+// A text that ends so is followed by a NUL, which makes a separator of groups.
+bool HoldsSeparator(const std::string& source) {
+  const auto text = Unescaped(source);
+  return text.ends_with("\\\\") || text.ends_with("..\\");
+}
+
 std::map<std::string, Table> ReadSource(std::istream& source) {
   std::map<std::string, Table> tables;
   Table* table = nullptr;
@@ -41,12 +53,19 @@ std::map<std::string, Table> ReadSource(std::istream& source) {
   for (int number = 1; std::getline(source, line); ++number) {
     if (line.empty() || line[0] == '#') continue;
     const auto equals = line.find('=');
+    const auto refuse = [number](const std::string& why) {
+      throw std::runtime_error("line " + std::to_string(number) + why);
+    };
     if (line[0] == '[') {
-      table = &tables[line.substr(1, line.size() - 2)];
-    } else if (table == nullptr || equals == std::string::npos) {
-      throw std::runtime_error("line " + std::to_string(number) + " is no text of a table");
+      const auto name = line.substr(1, line.size() - 2);
+      if (std::ranges::find(kTables, name) == kTables.end()) refuse(" opens an unknown table");
+      table = &tables[name];
+    } else if (table == nullptr || !IsIndex(line.substr(0, equals))) {
+      refuse(" is no text of a table");
+    } else if (HoldsSeparator(line.substr(equals + 1))) {
+      refuse(" would be taken for the start of a group");
     } else if (!table->emplace(std::stoi(line), Unescaped(line.substr(equals + 1))).second) {
-      throw std::runtime_error("line " + std::to_string(number) + " repeats an index");
+      refuse(" repeats an index");
     }
   }
   return tables;
