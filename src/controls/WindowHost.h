@@ -25,6 +25,7 @@ enum class EditAct { Cut, Copy, Paste, Delete, SelectAll };
 // The few words that a window system shows by itself, in the program's language.
 struct HostWords {
   Text ok, cancel, yes, no;
+  Text divider;         // what a screen reader calls the handle between two parts of a window
   Text fault;           // around the text of a fault, which takes the place of "###1"
   std::string isoCode;  // of the language, for the system's own dialogs
 };

@@ -49,6 +49,9 @@ void StartPanel::Update(const Session& session, const Language& language) {
   lblStorageValue.text = storage;
   lblPortValue.text = u"COM" + ToText(session.connectedPort);
   imgBattery.accessibleName = word(words::kStartBattery);
+  lblStorageValue.accessibleName = lblStorage.text() + u": " + storage;
+  lblPortValue.accessibleName = lblPort.text() + u": " + lblPortValue.text();
+  NameBattery();
   for (Control* fact : {static_cast<Control*>(&lblBattery), static_cast<Control*>(&lblBatteryValue),
                         static_cast<Control*>(&imgBattery), static_cast<Control*>(&lblStorage),
                         static_cast<Control*>(&lblStorageValue), static_cast<Control*>(&lblPort),
@@ -60,6 +63,11 @@ void StartPanel::Update(const Session& session, const Language& language) {
 void StartPanel::SetBattery(const Text& level, const std::string& image) {
   lblBatteryValue.text = level;
   imgBattery.image = image;
+  NameBattery();
+}
+
+void StartPanel::NameBattery() {
+  lblBatteryValue.accessibleName = lblBattery.text() + u": " + lblBatteryValue.text();
 }
 
 }  // namespace tessarin

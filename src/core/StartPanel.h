@@ -23,6 +23,9 @@ struct StartPanel {
   Label lblNext;
   Label lblStep1, lblStep2, lblStep3;  // how to connect
   Button cmdOpenFiles;
+
+ private:
+  void NameBattery();
 };
 
 }  // namespace tessarin

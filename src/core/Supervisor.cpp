@@ -108,7 +108,8 @@ void Supervisor::LosePhone() {
   session_.ForgetStorage();
   session_.ShowStartPanel();
   session_.Lbstatus.text = u"";
-  session_.Lbstatus.accessibleName = u"";
+  session_.Lbstatus.accessibleName =
+      session_.language().getTSInterfaceStr(text::interface_::kNameConnectionState);
   session_.start.SetBattery(u"", "");
   session_.start.Update(session_, session_.language());
   session_.Refresh();

@@ -28,6 +28,8 @@
 
 namespace tessarin {
 
+enum class EditAct;
+
 // Numbers of the status bar's panels.
 namespace panel {
 inline constexpr int kCount = 1;
@@ -223,6 +225,7 @@ class TessarinMenu : public Window, public Session {
   // In the open Edit menu only what would do something is enabled; while it is closed all are, so
   // that their keys work.
   void EnableEditEntries(const std::string& menu, bool open);
+  void Edit(EditAct act);
   void DoAction(std::string_view action);
   void ShowOnly(int panel);
   void UpdateTitle();

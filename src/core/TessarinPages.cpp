@@ -143,22 +143,33 @@ void TessarinMenu::EnableEditEntries(const std::string& menu, bool open) {
 }
 
 void TessarinMenu::MenuClicked(const std::string& key) {
-  if (key == "PhoneInfo") commandState = job::kPhoneInfo;
-  if (key == "Exit1") Unload();
-  if (key == "About") frmAbout(host(), language_).Show(Modality::Modal);
-  if (key == "SubHelp" && help_ != nullptr) help_(front_);
-  if (key == "mnuPhonebookSync" || key == "mnuCalendarSync") DoAction("Sync");
+  constexpr std::pair<const char*, void (*)(TessarinMenu&)> kActs[] = {
+      {"PhoneInfo", [](TessarinMenu& menu) { menu.commandState = job::kPhoneInfo; }},
+      {"Exit1", [](TessarinMenu& menu) { menu.Unload(); }},
+      {"SubHelp",
+       [](TessarinMenu& menu) {
+         if (menu.help_ != nullptr) menu.help_(menu.front_);
+       }},
+      {"About",
+       [](TessarinMenu& menu) { frmAbout(menu.host(), menu.language_).Show(Modality::Modal); }},
+      {"mnuPhonebookSync", [](TessarinMenu& menu) { menu.DoAction("Sync"); }},
+      {"mnuCalendarSync", [](TessarinMenu& menu) { menu.DoAction("Sync"); }}};
+  for (const auto& [entry, act] : kActs) {
+    if (key == entry) return act(*this);
+  }
   for (const EditEntry& entry : kEditEntries) {
-    if (key == entry.key && !host().EditInFocus(entry.act) && entry.act == EditAct::Delete) {
-      DoAction("Delete");
-    }
+    if (key == entry.key) return Edit(entry.act);
   }
   for (std::size_t index = 0; index < kLanguages.size(); ++index) {
-    if (key == kLanguages[index].menuKey) ChangeLanguage(static_cast<int>(index));
+    if (key == kLanguages[index].menuKey) return ChangeLanguage(static_cast<int>(index));
   }
   const auto action = ActionOfContextEntry(key);
-  if (!action.empty()) DoAction(action);
-  ShowPage(PanelOf(key));
+  action.empty() ? ShowPage(PanelOf(key)) : DoAction(action);
+}
+
+// A control that has no deletion of its own leaves it to the page.
+void TessarinMenu::Edit(EditAct act) {
+  if (!host().EditInFocus(act) && act == EditAct::Delete) DoAction("Delete");
 }
 
 }  // namespace tessarin

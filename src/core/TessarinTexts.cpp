@@ -42,7 +42,8 @@ void TessarinMenu::ApplyInterfaceTexts() {
   language_.readLangFile(languageIndex);
   const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
   host().SetWords({word(words::kButtonOk), word(words::kButtonCancel), word(words::kButtonYes),
-                   word(words::kButtonNo), language_.getTSErrStr(text::error::kFault),
+                   word(words::kButtonNo), word(words::kNameDivider),
+                   language_.getTSErrStr(text::error::kFault),
                    kLanguages[static_cast<std::size_t>(language_.index())].isoCode});
   ApplyMenuTexts(MainMenu, language_);
   for (const LanguageRow& row : kLanguages) {
@@ -120,6 +121,7 @@ void TessarinMenu::UpdateStatusTexts(StatusPhase phase) {
   const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
   if (phase == kNoPhone) {
     StatusBar1.SetText(panel::kConnection, word(words::kStatusNoPhone));
+    Lbstatus.accessibleName = word(words::kNameConnectionState);
   } else {
     Lbstatus.text = word(words::kStatusCaption);
     Lbstatus.accessibleName = word(words::kNameConnectionState) + u": " + Lbstatus.text();

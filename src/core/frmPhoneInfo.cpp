@@ -33,6 +33,11 @@ void frmPhoneInfo::FormLoad() {
   Label3.text = language.getTSInterfaceStr(words::kPhoneInfoModel);
   Label5.text = language.getTSInterfaceStr(words::kPhoneInfoFirmware);
   Label7.text = language.getTSInterfaceStr(words::kPhoneInfoImei);
+  const std::pair<const Label*, Label*> rows[] = {
+      {&Label1, &LabManu}, {&Label3, &LabModel}, {&Label5, &LabFirmware}, {&Label7, &LabIMEI}};
+  for (const auto& [head, value] : rows) {
+    value->accessibleName = head->text() + u": " + value->text();
+  }
   Command1.caption = language.getTSInterfaceStr(words::kButtonClose);
   Image1.image = "phone-large";
   Image1.accessibleName = language.getTSInterfaceStr(words::kNamePhonePicture);

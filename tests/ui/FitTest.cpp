@@ -1,13 +1,16 @@
-// No window cuts a text off, in any language: every word is measured on the real widgets.
+// No window cuts a text off, in any language, and none keeps a control from a screen reader: every
+// word is measured on the real widgets, and every widget asked for its name.
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -64,6 +67,7 @@ class FitTest : public testing::TestWithParam<int> {
     top->resize(size.isEmpty() ? top->minimumSizeHint() : size);
     QApplication::processEvents();
     for (QWidget* widget : top->findChildren<QWidget*>()) {
+      ExpectNamed(*widget);
       if (!widget->isVisible()) continue;
       if (const auto* label = qobject_cast<QLabel*>(widget)) ExpectLabelFits(*label);
       if (const auto* button = qobject_cast<QAbstractButton*>(widget)) ExpectButtonFits(*button);
@@ -78,6 +82,19 @@ class FitTest : public testing::TestWithParam<int> {
   static std::string Where(const QWidget& widget, const QString& words) {
     return widget.window()->objectName().toStdString() + "." + widget.objectName().toStdString() +
            ": " + words.toStdString();
+  }
+
+  // Qt's own parts of a widget, such as its scroll bars, have no name or one that begins with
+  // "qt_".
+  static void ExpectNamed(QWidget& widget) {
+    const bool isControl =
+        !widget.objectName().isEmpty() && !widget.objectName().startsWith(QStringLiteral("qt_"));
+    if (!isControl && qobject_cast<QSplitter*>(&widget) == nullptr) return;
+    auto* told = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_NE(told, nullptr) << Where(widget, {});
+    const auto kind =
+        told->role() == QAccessible::ComboBox ? QAccessible::Description : QAccessible::Name;
+    EXPECT_FALSE(told->text(kind).isEmpty()) << Where(widget, {});
   }
 
   static void ExpectLabelFits(const QLabel& label) {

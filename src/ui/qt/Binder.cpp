@@ -145,6 +145,8 @@ QComboBox* Binder::Bind(ComboBox& box) {
   auto* widget = new QComboBox(&top_);
   BindState(box, *widget, [&box, widget] {
     FillItems(box, *widget, [widget](int index) { widget->setCurrentIndex(index); });
+    // On this platform Qt tells a screen reader the chosen text in place of the name.
+    widget->setAccessibleDescription(ToQt(box.accessibleName));
   });
   connect(widget, &QComboBox::activated, this, [this, &box](int index) {
     Act([&] {

@@ -194,7 +194,7 @@ QStatusBar* Binder::Bind(StatusBar& bar) {
   std::vector<PanelWidget> panels;
   for (std::size_t i = 0; i < bar.panels().size(); ++i) {
     panels.emplace_back(widget);
-    panels.back().frame->setObjectName(QStringLiteral("panel%1").arg(i + 1));
+    panels.back().words->setObjectName(QStringLiteral("panel%1").arg(i + 1));
     widget->addWidget(panels.back().frame);
   }
   BindState(bar, *widget, [&bar, panels] {

@@ -41,7 +41,9 @@ class PageTab : public QAccessibleWidget {
 
 QAccessibleInterface* Make(const QString&, QObject* object) {
   auto* button = qobject_cast<QToolButton*>(object);
-  return button != nullptr && button->isCheckable() ? new PageTab(*button) : nullptr;
+  if (button == nullptr || !button->isCheckable() || button->defaultAction() == nullptr)
+    return nullptr;
+  return new PageTab(*button);
 }
 
 }  // namespace

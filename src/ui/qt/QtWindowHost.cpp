@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
 
 #include "ui/qt/Convert.h"
 
@@ -100,6 +101,7 @@ QtWindowHost::Shown& QtWindowHost::Make(Window& window, Modality modality) {
   const auto follow = [&window, &top] { top.setWindowTitle(ToQt(window.caption)); };
   follow();
   shown->caption = window.changed.Connect(follow);
+  NameDividers(top);
   top.installEventFilter(this);
   shown_.push_back(std::move(shown));
   return *shown_.back();
@@ -257,6 +259,17 @@ void QtWindowHost::WordsChanged() {
   const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
   if (dialogWords_.load(QStringLiteral("qtbase_") + language, folder)) {
     QCoreApplication::installTranslator(&dialogWords_);
+  }
+  for (const auto& shown : shown_) NameDividers(*shown->top);
+}
+
+// No control stands behind a divider.
+void QtWindowHost::NameDividers(const QWidget& top) const {
+  for (auto* divided : top.findChildren<QSplitter*>()) {
+    divided->setAccessibleName(ToQt(words().divider));
+    for (int part = 1; part < divided->count(); ++part) {
+      divided->handle(part)->setAccessibleName(ToQt(words().divider));
+    }
   }
 }
 

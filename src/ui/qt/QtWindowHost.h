@@ -67,6 +67,7 @@ class QtWindowHost : public QObject, public WindowHost {
   // The window that a new one stands before.
   QWidget* Parent(Modality modality) const;
   int Exec(QDialog& dialog);
+  void NameDividers(const QWidget& top) const;
 
   std::vector<Layout> layouts_;
   std::vector<std::unique_ptr<Shown>> shown_;
