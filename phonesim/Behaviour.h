@@ -35,16 +35,34 @@ enum class Silence {
   Everything,  ///< dead to every byte
 };
 
-enum class ObexOperation { Connect, SetPath, Listing, Get, Put };
+enum class ObexOperation { Connect, SetPath, Listing, Get, Put, Delete };
 
 struct ObexRefusal {
   std::uint8_t code = 0xC3;  ///< the response code, "forbidden" unless told otherwise
   std::size_t packet = 1;    ///< which packet of one operation meets it, counted from 1
+  std::string object{};      ///< how the name begins of the objects it is for; empty: all
+  std::size_t skip = 0;      ///< how many such operations pass before
+};
+
+/// The phone's contacts and calendar, as synchronisation shows them.
+struct Irmc {
+  std::size_t contactMaximum = 510;  ///< a full book refuses new entries (E0)
+  std::size_t eventMaximum = 300;
+  std::size_t entryLimit = 456;  ///< bytes; a longer entry is refused (CD)
+
+  bool lengthBeforeLogs = false;     ///< a Length header before the Body of a log
+  bool lengthBeforeObjects = false;  ///< and before that of entries and whole books
+  bool logsInTwoPackets = false;  ///< all of an information log in Body, then an empty End of Body
+
+  bool plainPlus = false;  ///< "+" as it is, so that the objects are no UTF-7
+  bool quoteAllInContacts = false;
+  bool quoteAllInEvents = true;  ///< where a value is quoted, all of it is
 };
 
 struct Behaviour {
   Identity identity;
   Battery battery;
+  Irmc irmc;
 
   bool echo = false;                ///< the AT echo; ATE0 and ATE1 change it
   bool echoRequestHeaders = false;  ///< the first reply to the Get of a file repeats its Name

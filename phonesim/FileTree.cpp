@@ -4,6 +4,7 @@
 #include <fstream>
 #include <tuple>
 
+#include "phonesim/Memory.h"
 #include "phonesim/Utf.h"
 
 namespace phonesim {
@@ -35,7 +36,7 @@ std::optional<FileTree::Entry> Describe(const fs::directory_entry& entry) {
 
 bool FileTree::IsName(const std::string& name) {
   return !name.empty() && name != "." && name != ".." && name != kPartName &&
-         name.find('/') == std::string::npos && IsPlainUtf8(name);
+         name != kBooksFolder && name.find('/') == std::string::npos && IsPlainUtf8(name);
 }
 
 fs::path FileTree::Real(const Place& folder) const {

@@ -11,7 +11,7 @@ namespace phonesim {
 
 /// The phone's files, kept in a real folder. Names are UTF-8. A place is the chain of folder names
 /// from the phone's root; nothing outside that folder can be named: "", ".", "..", names with a
-/// slash and symbolic links lead nowhere.
+/// slash, the folder of the phone's books and symbolic links lead nowhere.
 class FileTree {
  public:
   using Place = std::vector<std::string>;

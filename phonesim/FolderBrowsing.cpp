@@ -82,4 +82,8 @@ Bytes FolderBrowsing::FinishPut(const ObexUpload& upload) {
   return {};
 }
 
+Bytes FolderBrowsing::Delete(const ObexHeaders& /*headers*/) {
+  throw ObexFault(kBadRequest, "Put without a Body as last header");
+}
+
 }  // namespace phonesim

@@ -18,6 +18,7 @@ class FolderBrowsing : public ObexService {
   ObexObject Get(const ObexHeaders& headers) override;
   ObexUpload BeginPut(const ObexHeaders& headers) override;
   Bytes FinishPut(const ObexUpload& upload) override;
+  Bytes Delete(const ObexHeaders& headers) override;
 
  private:
   ObexObject Listing(const ObexHeader& type) const;

@@ -31,20 +31,23 @@ enum Code : std::uint8_t {
   kBadRequest = 0xC0,
   kForbidden = 0xC3,
   kNotFound = 0xC4,
+  kEntityTooLarge = 0xCD,
   kUnsupportedType = 0xCF,
   kNotBuilt = 0xD1,
   kUnavailable = 0xD3,
+  kDatabaseFull = 0xE0,
 };
 
 enum HeaderId : std::uint8_t {
-  kName = 0x01,          ///< UTF-16, high byte first, terminated by 0000
-  kType = 0x42,          ///< 8-bit text terminated by 00
-  kTarget = 0x46,        ///< service identifier
-  kBody = 0x48,          ///< data with more to follow
-  kEndOfBody = 0x49,     ///< the last data
-  kWho = 0x4A,           ///< service identifier
-  kLength = 0xC3,        ///< size of the object, 32 bits
-  kConnectionId = 0xCB,  ///< 32 bits
+  kName = 0x01,           ///< UTF-16, high byte first, terminated by 0000
+  kType = 0x42,           ///< 8-bit text terminated by 00
+  kTarget = 0x46,         ///< service identifier
+  kBody = 0x48,           ///< data with more to follow
+  kEndOfBody = 0x49,      ///< the last data
+  kWho = 0x4A,            ///< service identifier
+  kAppParameters = 0x4C,  ///< tag, length, value, and so on
+  kLength = 0xC3,         ///< size of the object, 32 bits
+  kConnectionId = 0xCB,   ///< 32 bits
 };
 
 }  // namespace obex

@@ -26,6 +26,10 @@ Bytes ConnectResponse(std::uint8_t code, const Bytes& headers) {
 
 bool IsBody(const ObexHeader& header) { return header.id == kBody || header.id == kEndOfBody; }
 
+bool HasBody(const ObexPacket& packet) {
+  return std::any_of(packet.headers.begin(), packet.headers.end(), IsBody);
+}
+
 bool HasHeader(const ObexPacket& packet, std::uint8_t id) {
   return std::any_of(packet.headers.begin(), packet.headers.end(),
                      [id](const ObexHeader& header) { return header.id == id; });
@@ -82,7 +86,7 @@ Bytes ObexServer::Connect(const ObexPacket& packet) {
   const std::size_t limit = Read16(ByteView(packet.fields).subspan(2));
   if (limit < kLeastPacket) throw Breach("maximum packet length below 255");
   const ObexServiceRow& row = FindService(packet);
-  MeetRefusal(ObexOperation::Connect);
+  MeetRefusal(ObexOperation::Connect, {});
   EndOperation();
 
   row_ = &row;
@@ -117,7 +121,7 @@ Bytes ObexServer::SetPath(const ObexPacket& packet) {
   RequireIdle();
   const ObexHeaders headers = Directed(packet);
   if (packet.fields[1] != 0) throw Breach("SetPath constants are not 0");
-  MeetRefusal(ObexOperation::SetPath);
+  MeetRefusal(ObexOperation::SetPath, headers);
   service_->SetPath(packet.fields[0], headers);
   EndOperation();
   return ObexResponse(kSuccess);
@@ -127,7 +131,7 @@ Bytes ObexServer::Get(const ObexPacket& packet) {
   if (upload_) throw Breach("Get within a Put");
   if (!download_) return StartGet(packet);
   RequireObexHeaders(packet.headers, {});
-  MeetRefusal(getKind_);
+  MeetRefusal(getKind_, {});
   Bytes reply = download_->Next();
   if (download_->Done()) EndOperation();
   return reply;
@@ -137,7 +141,7 @@ Bytes ObexServer::StartGet(const ObexPacket& packet) {
   const ObexHeaders headers = Directed(packet);
   if (headers.empty()) throw Breach("Get goes on, but none was begun");
   getKind_ = HasHeader(packet, kType) ? ObexOperation::Listing : ObexOperation::Get;
-  MeetRefusal(getKind_);
+  MeetRefusal(getKind_, headers);
   Bytes prefix;
   if (row_->usesConnectionId) AppendObexNumber(prefix, kConnectionId, connectionId_);
   download_.emplace(service_->Get(headers), prefix, replyLimit_);
@@ -149,12 +153,13 @@ Bytes ObexServer::StartGet(const ObexPacket& packet) {
 Bytes ObexServer::Put(const ObexPacket& packet) {
   if (download_) throw Breach("Put within a Get");
   const bool final = packet.opcode == kPutFinal;
+  if (final && !upload_ && !HasBody(packet)) return Delete(packet);
   ObexHeaders headers = upload_ ? packet.headers : Directed(packet);
   if (headers.empty() || !IsBody(headers.back())) throw Breach("Put without a Body as last header");
   const ObexHeader body = std::move(headers.back());
   headers.pop_back();
 
-  MeetRefusal(ObexOperation::Put);
+  MeetRefusal(ObexOperation::Put, headers);
   if (!upload_) {
     upload_ = service_->BeginPut(headers);
   } else {
@@ -163,6 +168,14 @@ Bytes ObexServer::Put(const ObexPacket& packet) {
   TakeUploadBody(*upload_, body, final);
   if (!final) return ObexResponse(kContinue);
   const Bytes answer = service_->FinishPut(*upload_);
+  EndOperation();
+  return ObexResponse(kSuccess, answer);
+}
+
+Bytes ObexServer::Delete(const ObexPacket& packet) {
+  const ObexHeaders headers = Directed(packet);
+  MeetRefusal(ObexOperation::Delete, headers);
+  const Bytes answer = service_->Delete(headers);
   EndOperation();
   return ObexResponse(kSuccess, answer);
 }
@@ -187,13 +200,20 @@ void ObexServer::RequireIdle() const {
 }
 
 /// Counts the packet of the operation under way and throws when the phone was told to refuse it.
-void ObexServer::MeetRefusal(ObexOperation operation) {
-  ++packetsOfOperation_;
-  const std::size_t packet = packetsOfOperation_;
-  const auto code = settings_.With([=](const Behaviour& b) -> std::optional<std::uint8_t> {
-    const auto refusal = b.refusedOperations.find(operation);
-    if (refusal == b.refusedOperations.end() || refusal->second.packet != packet) return {};
-    return refusal->second.code;
+/// The first packet's Name tells which object it is about.
+void ObexServer::MeetRefusal(ObexOperation operation, const ObexHeaders& headers) {
+  const auto name = std::find_if(headers.begin(), headers.end(),
+                                 [](const ObexHeader& header) { return header.id == kName; });
+  if (name != headers.end()) object_ = ObexName(*name);
+  const std::size_t packet = ++packetsOfOperation_;
+  const auto code = settings_.With([&](Behaviour& b) -> std::optional<std::uint8_t> {
+    const auto row = b.refusedOperations.find(operation);
+    if (row == b.refusedOperations.end()) return {};
+    ObexRefusal& refusal = row->second;
+    if (refusal.packet != packet || !object_.starts_with(refusal.object)) return {};
+    if (refusal.skip == 0) return refusal.code;
+    --refusal.skip;
+    return {};
   });
   if (code) throw ObexFault(*code);
 }
@@ -202,6 +222,7 @@ void ObexServer::EndOperation() {
   download_.reset();
   upload_.reset();
   packetsOfOperation_ = 0;
+  object_.clear();
 }
 
 }  // namespace phonesim

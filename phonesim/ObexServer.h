@@ -42,7 +42,8 @@ class ObexServer {
   const ObexServiceRow& FindService(const ObexPacket& packet) const;
   ObexHeaders Directed(const ObexPacket& packet) const;
   void RequireIdle() const;
-  void MeetRefusal(ObexOperation operation);
+  Bytes Delete(const ObexPacket& packet);
+  void MeetRefusal(ObexOperation operation, const ObexHeaders& headers);
   void EndOperation();
 
   Settings& settings_;
@@ -59,6 +60,7 @@ class ObexServer {
   std::optional<ObexDownload> download_;
   std::optional<ObexUpload> upload_;
   std::size_t packetsOfOperation_ = 0;
+  std::string object_;  ///< what the operation under way names
 };
 
 }  // namespace phonesim

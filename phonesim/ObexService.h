@@ -15,6 +15,7 @@ struct ObexObject {
   Bytes data;
   Bytes repeatedRequest;
   Bytes headers;
+  bool emptyEnd = false;  ///< the last data are followed by an End of Body of their own, empty
 };
 
 /// A Put under way: what its first packet said and the data so far.
@@ -38,6 +39,9 @@ class ObexService {
 
   /// Keeps the object. The result is the headers of the last reply.
   virtual Bytes FinishPut(const ObexUpload& upload) = 0;
+
+  /// A Put without any Body asks to delete. The result is the headers of the reply.
+  virtual Bytes Delete(const ObexHeaders& headers) = 0;
 };
 
 /// A row of the phone's services: how a Connect names it, and how it is made.

@@ -24,7 +24,7 @@ Bytes ObexDownload::Next() {
   }
   const ByteView left = ByteView(object_.data).subspan(sent_);
   const std::size_t count = std::min(left.size(), limit_ - rest.size() - 2 * kHead);
-  done_ = count == left.size();
+  done_ = count == left.size() && (left.empty() || !object_.emptyEnd);
   sent_ += count;
   AppendObexHeader(rest, done_ ? obex::kEndOfBody : obex::kBody, left.first(count));
   return ObexResponse(done_ ? obex::kSuccess : obex::kContinue, rest);

@@ -37,18 +37,21 @@ void SetBattery(Battery& battery, const std::string& text) {
   battery = {static_cast<int>(level), Battery::Trend::Fixed};
 }
 
-/// "put", "put=C3", "put@2" or "put=C3@2": operation, hexadecimal code, packet.
-void RefuseObex(Behaviour& behaviour, const std::string& text) {
-  static const std::map<std::string, ObexOperation> kNames = {{"connect", ObexOperation::Connect},
-                                                              {"setpath", ObexOperation::SetPath},
-                                                              {"listing", ObexOperation::Listing},
-                                                              {"get", ObexOperation::Get},
-                                                              {"put", ObexOperation::Put}};
+/// "put", "put=C3", "put@2", "put:telecom/cal" or all of them, "put=C3@2:telecom/cal": operation,
+/// hexadecimal code, packet, how the object's name begins.
+void RefuseObex(Behaviour& behaviour, std::string text) {
+  static const std::map<std::string, ObexOperation> kNames = {
+      {"connect", ObexOperation::Connect}, {"setpath", ObexOperation::SetPath},
+      {"listing", ObexOperation::Listing}, {"get", ObexOperation::Get},
+      {"put", ObexOperation::Put},         {"delete", ObexOperation::Delete}};
+  ObexRefusal refusal;
+  const std::size_t objectAt = std::min(text.find(':'), text.size());
+  if (objectAt < text.size()) refusal.object = text.substr(objectAt + 1);
+  text.resize(objectAt);
   const std::size_t packetAt = std::min(text.find('@'), text.size());
   const std::size_t codeAt = std::min(text.find('='), packetAt);
   const auto name = kNames.find(text.substr(0, codeAt));
   if (name == kNames.end()) throw UsageError("no such operation in '" + text + "'");
-  ObexRefusal refusal;
   if (codeAt < packetAt) {
     refusal.code = static_cast<std::uint8_t>(
         0x80 | Number(text.substr(codeAt + 1, packetAt - codeAt - 1), 16));
@@ -99,11 +102,25 @@ const std::vector<Option>& Table() {
        [](O& o, const T& v) { o.behaviour.silentAfterObexPackets = Number(v); }},
       {"--refuse", "CMD", "answer ERROR to this AT command; may be repeated",
        [](O& o, const T& v) { o.behaviour.refusedCommands.insert(v); }},
-      {"--refuse-obex", "OP[=CODE][@N]",
-       "refuse connect, setpath, listing, get or put, at its packet N, with CODE (C3)",
+      {"--refuse-obex", "OP[=CODE][@N][:OBJECT]",
+       "refuse connect, setpath, listing, get, put or delete, at its packet N, with CODE (C3)",
        [](O& o, const T& v) { RefuseObex(o.behaviour, v); }},
       {"--unanswered", "CMD[=K]", "leave an AT command unanswered K times (1)",
        [](O& o, const T& v) { LeaveUnanswered(o.behaviour, v); }},
+      {"--contact-maximum", "N", "how many contacts fit (510)",
+       [](O& o, const T& v) { o.behaviour.irmc.contactMaximum = Number(v); }},
+      {"--event-maximum", "N", "how many calendar entries fit (300)",
+       [](O& o, const T& v) { o.behaviour.irmc.eventMaximum = Number(v); }},
+      {"--length-headers", "", "a Length header before contacts, calendar and their logs",
+       [](O& o, const T&) {
+         o.behaviour.irmc.lengthBeforeLogs = o.behaviour.irmc.lengthBeforeObjects = true;
+       }},
+      {"--logs-in-two", "", "information logs with a Length header, in two packets",
+       [](O& o, const T&) {
+         o.behaviour.irmc.lengthBeforeLogs = o.behaviour.irmc.logsInTwoPackets = true;
+       }},
+      {"--plain-plus", "", "contacts and calendar are no UTF-7: + goes out as it is",
+       [](O& o, const T&) { o.behaviour.irmc.plainPlus = true; }},
       {"--battery", "N|charge|drain", "the battery's percentage (85), or a moving one",
        [](O& o, const T& v) { SetBattery(o.behaviour.battery, v); }},
       {"--manufacturer", "T", "the answer to AT+CGMI",

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "phonesim/FolderBrowsing.h"
+#include "phonesim/IrmcSync.h"
 #include "phonesim/Utf.h"
 
 namespace phonesim {
@@ -26,10 +27,12 @@ Phone::Phone(const std::filesystem::path& content, Settings& settings, Reports& 
     : settings_(settings),
       reports_(reports),
       files_(content),
+      memory_(content),
       basics_(settings),
       obex_(settings, reports) {
   basics_.AddTo(commands_);
   obex_.Add(FolderBrowsing::Row(files_, settings));
+  obex_.Add(IrmcSync::Row(memory_, settings));
 }
 
 void Phone::Receive(ByteView bytes) {

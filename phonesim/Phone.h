@@ -8,6 +8,7 @@
 #include "phonesim/BasicCommands.h"
 #include "phonesim/Behaviour.h"
 #include "phonesim/FileTree.h"
+#include "phonesim/Memory.h"
 #include "phonesim/ObexServer.h"
 #include "phonesim/Reports.h"
 
@@ -23,7 +24,8 @@ class Phone {
     Bytes bytes;
   };
 
-  /// `content` is the folder that holds its files; `settings` and `reports` must outlive the phone.
+  /// `content` is the folder that holds its files and books; `settings` and `reports` must outlive
+  /// the phone.
   Phone(const std::filesystem::path& content, Settings& settings, Reports& reports);
   Phone(const Phone&) = delete;
   Phone& operator=(const Phone&) = delete;
@@ -53,6 +55,8 @@ class Phone {
 
   bool InObexMode() const { return obexMode_; }
 
+  Memory& GetMemory() { return memory_; }
+
  private:
   bool Silent();
   ByteView ReceiveAt(ByteView bytes);
@@ -70,6 +74,7 @@ class Phone {
   Settings& settings_;
   Reports& reports_;
   FileTree files_;
+  Memory memory_;
   BasicCommands basics_;
   AtCommands commands_;
   ObexServer obex_;

@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "phonesim/Memory.h"
+#include "phonesim/SampleContacts.h"
 #include "phonesim/SampleMedia.h"
 
 namespace phonesim {
@@ -114,10 +116,26 @@ void WriteFile(const fs::path& path, const Bytes& bytes) {
              static_cast<std::streamsize>(bytes.size()));
 }
 
+/// True when the folder holds anything besides the books.
+bool HasFiles(const fs::path& folder) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    if (entry.path().filename() != kBooksFolder) return true;
+  }
+  return false;
+}
+
+void FillBooks(const fs::path& folder) {
+  fs::create_directories(folder / kBooksFolder);
+  Books books(folder / kBooksFolder);
+  books.contacts.Fill(MakeSampleContacts());
+}
+
 }  // namespace
 
 bool FillWithSamples(const fs::path& folder) {
-  if (fs::exists(folder) && !fs::is_empty(folder)) return false;
+  const bool books = !fs::exists(folder / kBooksFolder);
+  if (books) FillBooks(folder);
+  if (HasFiles(folder)) return books;
   Content content;
   AddSounds(content);
   AddPictures(content);

@@ -4,8 +4,9 @@
 
 namespace phonesim {
 
-/// Fills `folder` with a phone to look at, unless it holds something already: two storages, tunes,
-/// pictures, themes, films and texts, with names of every kind. True when it was filled. Throws
+/// Fills `folder` with a phone to look at: two storages with tunes, pictures, themes, films and
+/// texts, unless it holds files already, and the phone's books, unless it has them. Names are of
+/// every kind. True when something was filled. Throws
 /// `std::filesystem::filesystem_error` when the folder cannot be made.
 bool FillWithSamples(const std::filesystem::path& folder);
 

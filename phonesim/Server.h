@@ -44,6 +44,9 @@ class Server {
   Settings& GetSettings() { return settings_; }
   Reports& GetReports() { return reports_; }
 
+  /// To look into the phone's books, or to change them as somebody with the phone in hand does.
+  Memory& GetMemory() { return phone_.GetMemory(); }
+
  private:
   void End(bool patient);
 

@@ -6,6 +6,23 @@ namespace {
 bool IsHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
+/// What a first byte announces: how many bytes follow, its own bits, the least code so written.
+struct Lead {
+  int tail;
+  std::uint32_t bits;
+  std::uint32_t least;
+};
+
+std::optional<Lead> ReadLead(std::uint32_t byte) {
+  if (byte < 0x80) return Lead{0, byte, 0x20};
+  if (byte >> 5 == 0x06) return Lead{1, byte & 0x1F, 0x80};
+  if (byte >> 4 == 0x0E) return Lead{2, byte & 0x0F, 0x800};
+  if (byte >> 3 == 0x1E) return Lead{3, byte & 0x07, 0x10000};
+  return std::nullopt;
+}
+
+}  // namespace
+
 void AppendUtf8(std::string& out, std::uint32_t code) {
   const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
   const auto tail = [&](int shift) { put(0x80 | (code >> shift & 0x3F)); };
@@ -26,22 +43,25 @@ void AppendUtf8(std::string& out, std::uint32_t code) {
   }
 }
 
-/// What a first byte announces: how many bytes follow, its own bits, the least code so written.
-struct Lead {
-  int tail;
-  std::uint32_t bits;
-  std::uint32_t least;
-};
-
-std::optional<Lead> ReadLead(std::uint32_t byte) {
-  if (byte < 0x80) return Lead{0, byte, 0x20};
-  if (byte >> 5 == 0x06) return Lead{1, byte & 0x1F, 0x80};
-  if (byte >> 4 == 0x0E) return Lead{2, byte & 0x0F, 0x800};
-  if (byte >> 3 == 0x1E) return Lead{3, byte & 0x07, 0x10000};
-  return std::nullopt;
+std::string Utf8FromLatin1(std::string_view latin) {
+  std::string text;
+  for (const char c : latin) AppendUtf8(text, static_cast<std::uint8_t>(c));
+  return text;
 }
 
-}  // namespace
+std::u32string CodePoints(std::string_view utf8) {
+  std::u32string codes;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const auto lead = ReadLead(static_cast<std::uint8_t>(utf8[at++]));
+    if (!lead) continue;
+    std::uint32_t code = lead->bits;
+    for (int i = 0; i < lead->tail && at < utf8.size(); ++i) {
+      code = code << 6 | (static_cast<std::uint8_t>(utf8[at++]) & 0x3FU);
+    }
+    codes += static_cast<char32_t>(code);
+  }
+  return codes;
+}
 
 std::optional<std::string> Utf8FromUtf16(ByteView utf16) {
   if (utf16.size() % 2 != 0) return std::nullopt;

@@ -13,6 +13,15 @@ namespace phonesim {
 /// of bytes is odd, a surrogate stands alone, or the text holds U+0000.
 std::optional<std::string> Utf8FromUtf16(ByteView utf16);
 
+/// The UTF-8 form of ISO 8859-1 text.
+std::string Utf8FromLatin1(std::string_view latin);
+
+/// Appends one code point, which is no surrogate.
+void AppendUtf8(std::string& out, std::uint32_t code);
+
+/// The code points of well-formed UTF-8.
+std::u32string CodePoints(std::string_view utf8);
+
 /// True when `text` is well-formed UTF-8 without control characters.
 bool IsPlainUtf8(std::string_view text);
 
