@@ -38,6 +38,7 @@ std::string Quote(std::string_view text, bool all) {
       quoted += c;
       continue;
     }
+    if (c == '\n') quoted += "=0D";
     const auto byte = static_cast<std::uint8_t>(c);
     quoted += '=';
     quoted += kDigits[byte >> 4];

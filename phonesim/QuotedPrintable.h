@@ -11,7 +11,8 @@ namespace phonesim {
 bool NeedsQuoting(std::string_view text);
 
 /// "=XX" for every byte if `all`, else for those that the phone finds risky: all but letters,
-/// digits, blanks and a few marks, so never a ":", ";", "=" or "+".
+/// digits, blanks and a few marks, so never a ":", ";", "=" or "+". A
+/// line break is "=0D=0A".
 std::string Quote(std::string_view text, bool all);
 
 /// Breaks a line that is longer than 76 characters with "=" CR LF, as this phone does: only in

@@ -1,11 +1,13 @@
 #include "phonesim/SampleContent.h"
 
+#include <chrono>
 #include <cmath>
 #include <fstream>
 #include <map>
 #include <string>
 
 #include "phonesim/Memory.h"
+#include "phonesim/SampleCalendar.h"
 #include "phonesim/SampleContacts.h"
 #include "phonesim/SampleMedia.h"
 
@@ -124,10 +126,16 @@ bool HasFiles(const fs::path& folder) {
   return false;
 }
 
+int ThisYear() {
+  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  return static_cast<int>(std::chrono::year_month_day(today).year());
+}
+
 void FillBooks(const fs::path& folder) {
   fs::create_directories(folder / kBooksFolder);
   Books books(folder / kBooksFolder);
   books.contacts.Fill(MakeSampleContacts());
+  books.events.Fill(MakeSampleCalendar(ThisYear()));
 }
 
 }  // namespace

@@ -3,8 +3,7 @@
 #include <array>
 
 #include "phonesim/SampleContent.h"
-#include "phonesim/Utf7.h"
-#include "tests/phonesim/Bench.h"
+#include "tests/phonesim/IrmcBench.h"
 
 namespace phonesim {
 namespace {
@@ -12,50 +11,8 @@ namespace {
 const std::string kHead = "BEGIN:VCARD\r\nVERSION:2.1\r\n";
 const std::string kTail = "END:VCARD\r\n";
 
-std::string TextOf(ByteView bytes) { return {bytes.begin(), bytes.end()}; }
-
-class IrmcTest : public testing::Test, protected Bench {
+class IrmcTest : public IrmcBench {
  protected:
-  void ConnectSync() {
-    ASSERT_EQ(TalkText("AT*EOBEX\r"), "\r\nCONNECT\r\n");
-    ASSERT_EQ(Talk("80 0013 10 00 0200 46 000C 'IRMC-SYNC'").substr(0, 23),
-              "A0 00 18 10 00 02 00 CB");
-  }
-
-  static std::string Name(const std::string& name) {
-    return "01" + Digits16(name.size() * 2 + 5) + NameDigits(name);
-  }
-  std::string Send(const std::string& opcode, const std::string& headers) {
-    return Talk(opcode + Digits16(Wire(headers).size() + 3) + headers);
-  }
-  std::string Get(const std::string& name) { return Send("83", Name(name)); }
-
-  /// The bytes of an object as they come, in packets whose Body stands right behind their head.
-  std::string Download(const std::string& name) {
-    std::string data;
-    for (Bytes reply = Wire(Get(name));; reply = Wire(Talk("83 00 03"))) {
-      const ByteView view(reply);
-      EXPECT_EQ(Read16(view.subspan(1)), view.size());
-      if (view[0] != 0x90 && view[0] != 0xA0) return "refused";
-      EXPECT_EQ(view[3], view[0] == 0x90 ? 0x48 : 0x49);
-      data += TextOf(view.subspan(6));
-      if (view[0] == 0xA0) return data;
-    }
-  }
-
-  std::string Put(const std::string& name, const std::string& object) {
-    Bytes request =
-        Wire(Name(name) + "C3 0000" + Digits16(object.size()) + "49" + Digits16(object.size() + 3));
-    Append(request, object);
-    Bytes packet{0x82};
-    Append16(packet, request.size() + 3);
-    Append(packet, request);
-    return Talk(packet);
-  }
-  std::string Delete(const std::string& name) {
-    return Send("82", Name(name) + "4C 0008 4C00051200");
-  }
-
   Fields Contact(const std::string& luid) {
     return phone.GetMemory().With([&](Books& books) {
       const Fields* found = books.contacts.Find(luid);
@@ -65,7 +22,6 @@ class IrmcTest : public testing::Test, protected Bench {
   void Fill(const std::vector<Fields>& contacts) {
     phone.GetMemory().With([&](Books& books) { books.contacts.Fill(contacts); });
   }
-  void ExpectNoReports() { EXPECT_EQ(reports.All(), std::vector<std::string>()); }
 };
 
 TEST_F(IrmcTest, AnEntryFromAddToDelete) {
