@@ -29,13 +29,16 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
       busyWindow_(session_),
       supervisor_(session_, link_),
       filePage_(session_, link_, busyWindow_),
-      phonebookLists_(files_) {
+      phonebookLists_(files_),
+      phonebookPage_(session_, link_, busyWindow_, phonebookLists_) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(filePage_);
+  session_.AddPage(phonebookPage_);
   for (int panel = 1; panel < kStartPanel; ++panel) {
+    if (panel == kPhonebookPanel) continue;
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
     session_.AddPage(*plainPages_.back());
   }

@@ -22,6 +22,7 @@
 #include "link/PortMap.h"
 #include "link/PosixPort.h"
 #include "phonebook/PhonebookLists.h"
+#include "phonebook/PhonebookPage.h"
 
 namespace tessarin {
 
@@ -44,6 +45,7 @@ class Program {
   Supervisor& supervisor() { return supervisor_; }
   frmHelp& help() { return help_; }
   FilePage& filePage() { return filePage_; }
+  PhonebookPage& phonebookPage() { return phonebookPage_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   const PhoneLink& link() const { return link_; }
 
@@ -67,6 +69,7 @@ class Program {
   Supervisor supervisor_;
   FilePage filePage_;
   PhonebookLists phonebookLists_;
+  PhonebookPage phonebookPage_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 

@@ -89,7 +89,7 @@ constexpr Row kRows[] = {
     {kBar, "mnuClickPMPhonebook"},
     {kEntry, "edit_PMPhonebook", words::kEditPhoneContact, "", "edit", true, false, "Edit"},
     {kEntry, "delete_PMPhonebook", words::kDeletePhoneContact, "", "delete", true, false, "Delete"},
-    {kEntry, "copy_Phone_to_SIM", words::kCopyPhoneToSim, "", "sim", false},
+    {kEntry, "copy_Phone_to_SIM", words::kCopyPhoneToSim, "", "sim", true, false, "CopyToSim"},
     {kEntry, "refresh_PMPhonebook", words::kRefreshPhoneContacts, "", "refresh", true, false,
      "Refresh"},
 };

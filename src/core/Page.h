@@ -8,6 +8,8 @@
 
 namespace tessarin {
 
+class bar;
+
 // Something that takes part in the session's life.
 class SessionPart {
  public:
@@ -18,9 +20,9 @@ class SessionPart {
 
   // A phone was identified; the data folders and files are there. Nothing was read from it yet.
   virtual void PhoneFound() {}
-  // The user wants the phonebook read while connecting. False when that failed, which ends the
-  // program with the phonebook's message.
-  [[nodiscard]] virtual bool LoadWhileConnecting() { return true; }
+  // The user wants the phonebook read while connecting; `bars` is shown. False when that failed,
+  // which ends the program with the phonebook's message.
+  [[nodiscard]] virtual bool LoadWhileConnecting([[maybe_unused]] bar& bars) { return true; }
   virtual void PhoneLost() {}
   // The language was set: captions, column heads, names. What is shown of the phone stays.
   virtual void ApplyTexts() {}

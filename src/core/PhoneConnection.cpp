@@ -162,7 +162,7 @@ PhoneConnection::Verdict PhoneConnection::LoadThePhonebook() {
   bar_.Show(Modality::Modeless);
   bar_.Refresh();
   for (SessionPart* part : session_.parts()) {
-    if (!part->LoadWhileConnecting()) return Fail(text::error::kReadPhonebook);
+    if (!part->LoadWhileConnecting(bar_)) return Fail(text::error::kReadPhonebook);
   }
   return Verdict::GoOn;
 }

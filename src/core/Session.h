@@ -28,8 +28,12 @@ namespace job {
 inline constexpr std::int32_t kStartScan = 0;
 inline constexpr std::int32_t kIdlePoll = 1;
 inline constexpr std::int32_t kPhoneInfo = 2;
+inline constexpr std::int32_t kLoadPhonebook = 6;
+inline constexpr std::int32_t kWriteContact = 7;
+inline constexpr std::int32_t kDeleteContacts = 8;
 inline constexpr std::int32_t kLoadFolder = 14;
 inline constexpr std::int32_t kLoadSubfolder = 15;
+inline constexpr std::int32_t kCopyToSim = 21;
 }  // namespace job
 
 struct Session {

@@ -88,17 +88,15 @@ void TessarinMenu::ConnectControls() {
   Toolbar1.clicked.Always([this](const std::string& key) { DoAction(key); });
   Toolbar2.clicked.Always([this](const std::string& key) { ShowPage(PanelOf(key)); });
   start.cmdOpenFiles.clicked.Always([this] { ShowPage(0); });
-  const std::pair<Control*, const char*> contextMenus[] = {
-      {&lvwPCFile, "mnuClickPC"},
-      {&lvwPhoneFile, "mnuClickPhone"},
-      {&tvwPhoneDir, "mnuClickPhone"},
-      {&lvwPhoneSMS, "mnuClickSMS"},
-      {&lvwPhoneRingtone, "mnuClickRingtone"},
-      {&lvwPhoneLogo, "mnuClickLogo"},
-      {&lvwPhonePhoto, "mnuClickPhoto"},
-      {&lvwPhoneMovie, "mnuClickMovie"},
-      {&MSHFlexGrid1, "mnuClickCalendar"},
-      {&lvwPhonePhonebook, "mnuClickPhonebook"}};
+  const std::pair<Control*, const char*> contextMenus[] = {{&lvwPCFile, "mnuClickPC"},
+                                                           {&lvwPhoneFile, "mnuClickPhone"},
+                                                           {&tvwPhoneDir, "mnuClickPhone"},
+                                                           {&lvwPhoneSMS, "mnuClickSMS"},
+                                                           {&lvwPhoneRingtone, "mnuClickRingtone"},
+                                                           {&lvwPhoneLogo, "mnuClickLogo"},
+                                                           {&lvwPhonePhoto, "mnuClickPhoto"},
+                                                           {&lvwPhoneMovie, "mnuClickMovie"},
+                                                           {&MSHFlexGrid1, "mnuClickCalendar"}};
   for (const auto& [control, menu] : contextMenus) {
     control->contextMenuRequested.Always([this, key = menu] { MainMenu.PopUp(key); });
   }

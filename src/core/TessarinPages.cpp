@@ -82,6 +82,7 @@ void TessarinMenu::ShowOnly(int number) {
   }
   ToolFrame[static_cast<std::size_t>(number)]->visible = true;
   front_ = number;
+  StatusBar1.SetText(panel::kCount, u"");
   Toolbar2.Press(number == kStartPanel ? "" : kPages[static_cast<std::size_t>(number)].key);
   UpdateActions();
   UpdateTitle();

@@ -17,6 +17,9 @@ namespace worker {
 inline constexpr std::int16_t kUploading = 1;
 inline constexpr std::int16_t kDownloading = 2;
 inline constexpr std::int16_t kFileLoading = 4;
+inline constexpr std::int16_t kPMPhonebookLoading = 6;
+inline constexpr std::int16_t kSIMPhonebookLoading = 7;
+inline constexpr std::int16_t kCopyPhoneToSIM = 12;
 inline constexpr std::int16_t kSubfileLoading = 13;
 }  // namespace worker
 

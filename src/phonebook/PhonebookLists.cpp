@@ -7,6 +7,11 @@ namespace {
 constexpr char16_t kMobileFile[] = u"\\Pb\\ContactMobile.dat";
 constexpr char16_t kBookFile[] = u"\\Pb\\ContactTSC.dat";
 
+Text MobileIdOf(const std::string& line) {
+  const auto fields = clsT610ContactList::DecodeContactStr(line);
+  return fields.size() > clsT610Contact::kMobileId ? fields[clsT610Contact::kMobileId] : Text();
+}
+
 }  // namespace
 
 void PhonebookLists::PhoneFound() {
@@ -18,6 +23,20 @@ void PhonebookLists::PhoneFound() {
   unreadLines_ = ReadContactLines(files_.Path(kMobileFile));
 }
 
+void PhonebookLists::MemoryRead(char16_t kind) {
+  phoneContacts->LoadT610ContactList(files_.Path(kMobileFile));
+  std::erase_if(unreadLines_,
+                [kind](const auto& line) { return MobileIdOf(line).starts_with(kind); });
+}
+
+std::vector<std::string> PhonebookLists::UnreadLines() const {
+  auto lines = unreadLines_;
+  std::erase_if(lines, [this](const auto& line) {
+    return phoneContacts->FindExistingMobileID(MobileIdOf(line)) != -1;
+  });
+  return lines;
+}
+
 void PhonebookLists::Unloading() {
   Save();
   phoneContacts.reset();
@@ -26,7 +45,7 @@ void PhonebookLists::Unloading() {
 
 void PhonebookLists::Save() {
   if (phoneContacts != nullptr) {
-    phoneContacts->WriteContactToFile(files_.Path(kMobileFile), unreadLines_);
+    phoneContacts->WriteContactToFile(files_.Path(kMobileFile), UnreadLines());
   }
   if (tscContacts != nullptr)
     tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);

@@ -23,10 +23,15 @@ class PhonebookLists : public SessionPart {
 
   // Makes both lists. Lists of an earlier connection are written first, so nothing of them is lost.
   void PhoneFound() override;
+  // That memory, "s" or "p", was read into `phoneContacts`: joins to its contacts what the file of
+  // earlier sessions knows of them. From then on the saved lines of that memory are no longer kept.
+  void MemoryRead(char16_t kind);
   void Unloading() override;
 
  private:
   void Save();
+  // Those of the kept lines that no contact of `phoneContacts` has taken the place of.
+  std::vector<std::string> UnreadLines() const;
 
   const modFile& files_;
   // The saved lines of memories that were not read in this connection. They hold links and times

@@ -1,5 +1,7 @@
 #include "phonebook/clsT610ContactList.h"
 
+#include <algorithm>
+
 #include "codecs/Faults.h"
 #include "codecs/modFile.h"
 #include "codecs/modHexStr.h"
@@ -9,6 +11,34 @@ namespace tessarin {
 clsT610Contact& clsT610ContactList::item(int index) const {
   if (index < 1 || index > Count()) throw BoundsError();
   return *contacts_[static_cast<std::size_t>(index - 1)];
+}
+
+void clsT610ContactList::Remove(int index) {
+  if (index < 1 || index > Count()) throw BoundsError();
+  contacts_.erase(contacts_.begin() + (index - 1));
+}
+
+void clsT610ContactList::ClearAll(char16_t kind) {
+  std::erase_if(contacts_, [kind](const auto& contact) { return contact->IsIn(kind); });
+}
+
+int clsT610ContactList::Find(int field, TextView value) const {
+  const auto found = std::find_if(contacts_.begin(), contacts_.end(), [&](const auto& contact) {
+    return contact->GetData(field) == value;
+  });
+  return found == contacts_.end() ? -1 : static_cast<int>(found - contacts_.begin()) + 1;
+}
+
+void clsT610ContactList::AddContact(const clsT610Contact& contact) {
+  Add(std::make_shared<clsT610Contact>());
+  UpdateContact(contact, Count());
+}
+
+void clsT610ContactList::UpdateContact(const clsT610Contact& contact, int index) {
+  clsT610Contact& target = item(index);
+  for (int field = 0; field < GetNoOfField(); ++field) {
+    target.LetData(contact.GetData(field), field);
+  }
 }
 
 std::vector<Text> clsT610ContactList::DecodeContactStr(std::string_view line) {
@@ -49,6 +79,54 @@ std::vector<std::string> clsT610ContactList::LoadTSCContactList(const std::files
     return lines;
   }
   return {};
+}
+
+void clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) {
+  try {
+    for (const auto& line : ReadContactLines(file)) {
+      const auto fields = DecodeContactStr(line);
+      if (fields.size() < static_cast<std::size_t>(GetNoOfField())) throw BoundsError();
+      if (fields[clsT610Contact::kMobileId].starts_with(u's')) {
+        MergeSIMRecord(fields);
+      } else {
+        MergePhoneRecord(fields);
+      }
+    }
+  } catch (const BoundsError&) {
+    return;  // a damaged line: what stands behind it is not trusted
+  }
+}
+
+bool clsT610ContactList::IsSameContact(int index, const std::vector<Text>& fields) const {
+  const clsT610Contact& contact = item(index);
+  for (int field = clsT610Contact::kName; field < GetNoOfField(); ++field) {
+    if (contact.GetData(field) != fields[static_cast<std::size_t>(field)]) return false;
+  }
+  return true;
+}
+
+bool clsT610ContactList::IsSameSIMContact(int index, TextView name, TextView number) const {
+  const clsT610Contact& contact = item(index);
+  return contact.GetData(clsT610Contact::kName) == name &&
+         contact.GetData(clsT610Contact::kHome) == number;
+}
+
+void clsT610ContactList::MergePhoneRecord(const std::vector<Text>& fields) {
+  const int index = FindExistingMobileID(fields[clsT610Contact::kMobileId]);
+  if (index != -1) Merge(index, fields, IsSameContact(index, fields));
+}
+
+void clsT610ContactList::MergeSIMRecord(const std::vector<Text>& fields) {
+  const int index = FindExistingMobileID(fields[clsT610Contact::kMobileId]);
+  if (index == -1) return;
+  Merge(index, fields,
+        IsSameSIMContact(index, fields[clsT610Contact::kName], fields[clsT610Contact::kHome]));
+}
+
+void clsT610ContactList::Merge(int index, const std::vector<Text>& fields, bool isSame) {
+  clsT610Contact& contact = item(index);
+  if (isSame) contact.LetData(fields[clsT610Contact::kModified], clsT610Contact::kModified);
+  contact.LetData(fields[clsT610Contact::kGuid], clsT610Contact::kGuid);
 }
 
 void clsT610ContactList::WriteContactToFile(const std::filesystem::path& file,

@@ -34,6 +34,23 @@ class clsT610ContactList {
   // Appends the very object.
   void Add(std::shared_ptr<clsT610Contact> contact) { contacts_.push_back(std::move(contact)); }
 
+  // BoundsError likewise.
+  void Remove(int index);
+  auto begin() const { return contacts_.begin(); }
+  auto end() const { return contacts_.end(); }
+
+  // Drop all contacts of the SIM, or of phone memory; those with no memory stay.
+  void ClearAllSIMRecord() { ClearAll(u's'); }
+  void ClearAllPMRecord() { ClearAll(u'p'); }
+
+  // The position of the first contact with exactly that field 1 or 0; -1 for none.
+  int FindExistingMobileID(TextView id) const { return Find(clsT610Contact::kMobileId, id); }
+  int FindExistingGUID(TextView id) const { return Find(clsT610Contact::kGuid, id); }
+
+  // Add a copy of fields 0 to 23, or write them over the contact at `index`.
+  void AddContact(const clsT610Contact& contact);
+  void UpdateContact(const clsT610Contact& contact, int index);
+
   static std::vector<Text> DecodeContactStr(std::string_view line);
   static std::string EncodeContactStr(const clsT610Contact& contact);
   // Adds a new contact made of elements 0 to 23; BoundsError when there are fewer.
@@ -42,12 +59,26 @@ class clsT610ContactList {
   // Any error, a line with too few groups among them, ends the reading silently with what was read
   // so far. Gives the lines that were not taken, so that they can be kept as they stand.
   [[nodiscard]] std::vector<std::string> LoadTSCContactList(const std::filesystem::path& file);
+  // Brings into a list that was read from the phone what the phone does not keep, from the file of
+  // an earlier session: the Outlook link of each contact, and the change time of each that is the
+  // same as it was. Of a contact on the SIM only name and number are compared. What the phone no
+  // longer has is passed over. Errors end the reading silently.
+  void LoadT610ContactList(const std::filesystem::path& file);
   // Writes the list, and behind it `further` lines as they stand. An error ends it silently and
   // leaves the old file whole.
   void WriteContactToFile(const std::filesystem::path& file,
                           const std::vector<std::string>& further = {}) const;
 
  private:
+  void ClearAll(char16_t kind);
+  int Find(int field, TextView value) const;
+  bool IsSameContact(int index, const std::vector<Text>& fields) const;
+  bool IsSameSIMContact(int index, TextView name, TextView number) const;
+  void MergePhoneRecord(const std::vector<Text>& fields);
+  void MergeSIMRecord(const std::vector<Text>& fields);
+  // What both merges have in common, on the contact at `index`.
+  void Merge(int index, const std::vector<Text>& fields, bool isSame);
+
   std::vector<std::shared_ptr<clsT610Contact>> contacts_;
 };
 

@@ -394,8 +394,8 @@ TEST_F(FrameTest, ContextMenusPopUpAndDoWhatTheBarDoes) {
       {5, "Photo", "lvwPhonePhoto", "refresh_", "Refresh"},
       {6, "Movie", "lvwPhoneMovie", "refresh_", "Refresh"},
       {7, "Calendar", "MSHFlexGrid1", "edit_ delete_ refresh_", "Edit Delete Refresh"},
-      {8, "Phonebook", "lvwPhonePhonebook", "edit_ delete_ refresh_", "Edit Delete Refresh"},
-      {8, "PMPhonebook", "", "edit_ delete_ copy_ refresh_", "Edit Delete Refresh"},
+      {8, "Phonebook", "", "edit_ delete_ refresh_", "Edit Delete Refresh"},
+      {8, "PMPhonebook", "", "edit_ delete_ copy_ refresh_", "Edit Delete CopyToSim Refresh"},
   };
   StartAndConnect();
   Names popped;

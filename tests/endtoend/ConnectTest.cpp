@@ -109,14 +109,6 @@ INSTANTIATE_TEST_SUITE_P(
 
 class Connect : public EndToEnd {};
 
-TEST_F(Connect, AskedToReadThePhonebookItShowsTheBarMeanwhile) {
-  AnswerAsking("Command1");
-  ASSERT_TRUE(StartsAndConnects());
-  EXPECT_EQ(host.shown.back(), "bar");
-  EXPECT_EQ(host.gone.back(), "bar");
-  EXPECT_TRUE(session.ToolFrame[9]->visible);
-}
-
 TEST_F(Connect, APhoneThatWasLostIsFoundAgain) {
   const auto isLost = [this] { return session.statusPhase == kNoPhone; };
   const auto addContact = [this] {

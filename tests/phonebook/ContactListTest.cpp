@@ -96,6 +96,101 @@ TEST_F(ContactListTest, KeepsTheSavedLinesOfAPhoneThatWasNotRead) {
   EXPECT_EQ(Mobile(), Line(u"p9") + "\r\n" + saved) << "what was released is not written again";
 }
 
+// A contact with these first fields; the others are given as they come.
+std::shared_ptr<clsT610Contact> Known(const std::vector<Text>& fields) {
+  auto contact = std::make_shared<clsT610Contact>();
+  for (std::size_t field = 0; field < fields.size(); ++field) {
+    contact->LetData(fields[field], static_cast<int>(field));
+  }
+  return contact;
+}
+
+std::string Saved(const std::vector<Text>& fields) {
+  return clsT610ContactList::EncodeContactStr(*Known(fields)) + "\r\n";
+}
+
+TEST_F(ContactListTest, FindsCopiesAndRemoves) {
+  clsT610ContactList list;
+  for (const Text id : {u"s1", u"p1", u"", u"s10", u"p1"}) list.Add(Known({id + u"g", id}));
+  EXPECT_EQ(list.FindExistingMobileID(u"s1"), 1);
+  EXPECT_EQ(list.FindExistingMobileID(u"S1"), -1);
+  EXPECT_EQ(list.FindExistingMobileID(u"p1"), 2);
+  EXPECT_EQ(list.FindExistingMobileID(u""), 3);
+  EXPECT_EQ(list.FindExistingGUID(u"s10g"), 4);
+  EXPECT_EQ(list.FindExistingGUID(u"s10"), -1);
+
+  const auto contact = Contact(u"x");
+  list.AddContact(*contact);
+  contact->LetData(u"changed", 3);
+  EXPECT_EQ(list.item(6).GetData(3), u"x3");
+  EXPECT_EQ(list.item(6).GetData(23), u"x23");
+  EXPECT_EQ(list.item(6).GetData(24), u"");
+  list.item(2).LetData(u"kept", 24);
+  list.UpdateContact(*contact, 2);
+  EXPECT_EQ(list.item(2).GetData(3), u"changed");
+  EXPECT_EQ(list.item(2).GetData(24), u"kept");
+
+  list.Remove(1);
+  EXPECT_EQ(list.item(1).GetData(3), u"changed");
+  for (const int place : {0, 6}) EXPECT_THROW(list.Remove(place), BoundsError) << place;
+  list.ClearAllPMRecord();
+  list.ClearAllSIMRecord();
+  std::vector<Text> left;
+  for (const auto& kept : list) left.push_back(kept->GetData(1));
+  EXPECT_EQ(left, (std::vector<Text>{u"x1", u"", u"x1"}));
+}
+
+TEST_F(ContactListTest, JoinsTheSavedLinksAndTimesToWhatThePhoneHas) {
+  const auto file = folder_.Path() / "list.dat";
+  folder_.Write("list.dat", Saved({u"g1", u"s1", u"old", u"Ann", u"1", u"other work"}) +
+                                Saved({u"g2", u"s2", u"old", u"Bob", u"2"}) +
+                                Saved({u"g3", u"p1", u"old", u"Cid", u"3", u"4"}) +
+                                Saved({u"g4", u"p2", u"old", u"Dan", u"5", u"6"}) +
+                                Saved({u"g5", u"p9", u"old", u"gone"}) +
+                                Saved({u"g6", u"p1x", u"old"}));
+  clsT610ContactList list;
+  list.Add(Known({u"new", u"s1", u"now", u"Ann", u"1"}));
+  list.Add(Known({u"new", u"s2", u"now", u"Bob", u"22"}));
+  list.Add(Known({u"new", u"p1", u"now", u"Cid", u"3", u"4"}));
+  list.Add(Known({u"new", u"p2", u"now", u"Dan", u"5", u"66"}));
+  list.Add(Known({u"new", u"p3", u"now", u"Eve"}));
+  list.item(3).LetData(u"http://a.example", 24);  // not compared: the file does not keep it
+  list.LoadT610ContactList(file);
+  const std::vector<std::pair<Text, Text>> expected = {
+      {u"g1", u"old"}, {u"g2", u"now"}, {u"g3", u"old"}, {u"g4", u"now"}, {u"new", u"now"}};
+  ASSERT_EQ(list.Count(), 5);
+  for (int place = 1; place <= 5; ++place) {
+    const auto& [guid, modified] = expected[static_cast<std::size_t>(place - 1)];
+    EXPECT_EQ(list.item(place).GetData(0), guid) << place;
+    EXPECT_EQ(list.item(place).GetData(2), modified) << place;
+  }
+  // Behind a damaged line nothing is trusted; a file that is not there says nothing.
+  folder_.Write("list.dat", Saved({u"h1", u"s1"}) + "0041,0042\r\n" + Saved({u"h2", u"s2"}));
+  list.LoadT610ContactList(file);
+  list.LoadT610ContactList(folder_.Path() / "none.dat");
+  EXPECT_EQ(list.item(1).GetData(0), u"h1");
+  EXPECT_EQ(list.item(2).GetData(0), u"g2");
+}
+
+TEST_F(ContactListTest, KeepsTheSavedLinesOfAMemoryOnlyUntilItWasRead) {
+  const std::string sim = Saved({u"g1", u"s1", u"old", u"Ann", u"1"}) + Saved({u"g2", u"s2"}),
+                    phone = Saved({u"g3", u"p1", u"old", u"Cid"}) + Saved({u"g4", u"p2", u"old"});
+  folder_.Write("Pb/ContactMobile.dat", sim + phone);
+  PhonebookLists lists(files_);
+  lists.PhoneFound();
+  lists.phoneContacts->Add(Known({u"new", u"s1", u"now", u"Ann", u"1"}));
+  lists.MemoryRead(u's');
+  const std::string read = Saved({u"g1", u"s1", u"old", u"Ann", u"1"});
+  // One that the user has written meanwhile takes the place of its kept line.
+  lists.phoneContacts->Add(Known({u"new", u"p2", u"now"}));
+  lists.PhoneFound();
+  EXPECT_EQ(Mobile(),
+            read + Saved({u"new", u"p2", u"now"}) + Saved({u"g3", u"p1", u"old", u"Cid"}));
+  lists.MemoryRead(u'p');
+  lists.Unloading();
+  EXPECT_EQ(Mobile(), read);
+}
+
 TEST_F(ContactListTest, SavesTheListsBeforeASecondConnectionReplacesThem) {
   Write(Line(u"a") + "\r\n");
   PhonebookLists lists(files_);

@@ -174,7 +174,13 @@ TEST_P(FitTest, Dialogs) {
   frmPhoneInfo info(session());
   info.LabManu.text = u"Ericsson Mobile Communications";
   info.LabIMEI.text = u"123456789012345";
-  for (Window* window : std::initializer_list<Window*>{&asking, &progress, &about, &info}) {
+  frmAddContact& contact = program_->phonebookPage().editor();
+  PhoneMemories& memories = program_->phonebookPage().memories();
+  frmCopyToSIM copy(session(), program_->phonebookLists(), memories);
+  copy.SetContact(u"Maximiliane Mustermann",
+                  {{u"Fax", u"0123456789012345678901234567890123456789"}});
+  for (Window* window :
+       std::initializer_list<Window*>{&asking, &progress, &about, &info, &contact, &copy}) {
     window->Show(Modality::Modeless);
     ExpectWordsFit(*window);
     window->Unload();

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -113,18 +114,28 @@ QPushButton* Binder::Bind(Button& button) {
   return widget;
 }
 
-QCheckBox* Binder::Bind(CheckBox& box) {
-  auto* widget = new QCheckBox(&top_);
-  BindState(box, *widget, [&box, widget] {
-    widget->setText(ToQt(box.caption));
-    widget->setChecked(box.checked);
+void Binder::BindChecked(CheckBox& box, QAbstractButton& widget) {
+  BindState(box, widget, [&box, &widget] {
+    widget.setText(ToQt(box.caption));
+    widget.setChecked(box.checked);
   });
-  connect(widget, &QCheckBox::clicked, this, [this, &box](bool checked) {
+  connect(&widget, &QAbstractButton::clicked, this, [this, &box](bool checked) {
     Act([&] {
       box.checked = checked;
       box.clicked();
     });
   });
+}
+
+QCheckBox* Binder::Bind(CheckBox& box) {
+  auto* widget = new QCheckBox(&top_);
+  BindChecked(box, *widget);
+  return widget;
+}
+
+QRadioButton* Binder::Bind(OptionButton& option) {
+  auto* widget = new QRadioButton(&top_);
+  BindChecked(option, *widget);
   return widget;
 }
 

@@ -15,6 +15,7 @@
 #include "controls/ItemList.h"
 #include "controls/ListView.h"
 #include "controls/Menu.h"
+#include "controls/OptionButton.h"
 #include "controls/StatusBar.h"
 #include "controls/Toolbar.h"
 #include "controls/TreeView.h"
@@ -31,6 +32,7 @@ class QMenuBar;
 class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QStatusBar;
 class QTableView;
 class QTextBrowser;
@@ -53,6 +55,7 @@ class Binder : public QObject {
   QPlainTextEdit* BindMultiLine(TextBox& box);
   QPushButton* Bind(Button& button);
   QCheckBox* Bind(CheckBox& box);
+  QRadioButton* Bind(OptionButton& option);
   QComboBox* Bind(ComboBox& box);
   QListWidget* Bind(ListBox& box);
   QTreeView* Bind(ListView& list);
@@ -80,6 +83,7 @@ class Binder : public QObject {
  private:
   // The state that every control has. `update` brings the rest.
   void BindState(Control& control, QWidget& widget, std::function<void()> update = nullptr);
+  void BindChecked(CheckBox& box, QAbstractButton& widget);
   void BindButton(QAbstractButton& widget, Signal<>& clicked);
 
   WindowHost& host_;

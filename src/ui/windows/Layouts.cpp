@@ -8,6 +8,8 @@
 #include "core/frmPhoneInfo.h"
 #include "core/frmSplashFindCOM.h"
 #include "files/frmSplashTransmission.h"
+#include "phonebook/frmAddContact.h"
+#include "phonebook/frmCopyToSIM.h"
 
 namespace tessarin {
 
@@ -29,6 +31,8 @@ std::vector<Layout> AllLayouts() {
       Of<Asking>("Asking", Kind::Dialog),
       Of<bar>("bar", Kind::Busy),
       Of<frmAbout>("frmAbout", Kind::Dialog),
+      Of<frmAddContact>("frmAddContact", Kind::Dialog),
+      Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),

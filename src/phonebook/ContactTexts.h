@@ -1,0 +1,41 @@
+#pragma once
+
+// What is shown of a contact: its row in the list, its details, its numbers.
+
+#include <vector>
+
+#include "codecs/RichText.h"
+#include "controls/ListView.h"
+#include "core/Language.h"
+#include "phonebook/clsT610Contact.h"
+
+namespace tessarin {
+
+struct ContactLine {
+  Text label;
+  Text value;
+};
+
+// The text without U+0000, which the phone's cards leave in some fields.
+Text Shown(TextView text);
+
+// A row of `lvwPhonePhonebook`: key "Item" and the position in the mobile list, from 1; name,
+// numbers, and the position in five digits. Of phone memory the numbers are those of home, work and
+// mobile, each with its label.
+ListRow ContactRow(const clsT610Contact& contact, int position, const Language& language);
+// The position that the row's key tells.
+int PositionOf(const ListRow& row);
+
+// Name and number of a SIM entry; of a contact in phone memory every field with a text, states and
+// countries excepted.
+std::vector<ContactLine> ContactDetails(const clsT610Contact& contact, const Language& language);
+
+// The numbers of a contact in phone memory, fields 4 to 8, as far as it has them.
+std::vector<ContactLine> ContactNumbers(const clsT610Contact& contact, const Language& language);
+
+// Each line "label:", a tab, the value, and a line's end.
+Text DetailsText(const std::vector<ContactLine>& details);
+// The same with the labels in bold, and an empty line behind it.
+void AppendDetails(const std::vector<ContactLine>& details, RichText& text);
+
+}  // namespace tessarin

@@ -1,0 +1,53 @@
+#pragma once
+
+// Single contacts in the two memories of the phone: SIM entries by AT commands, phone memory as
+// cards, each in an OBEX session of its own.
+
+#include "codecs/ATPhonebook.h"
+#include "codecs/PhoneBookRecord.h"
+#include "core/PhoneLink.h"
+#include "core/Session.h"
+#include "phonebook/clsT610Contact.h"
+
+namespace tessarin {
+
+class PhoneMemories {
+ public:
+  static constexpr char16_t kSim = u's', kPhone = u'p';  // as identifiers begin
+
+  // All must outlive this object.
+  PhoneMemories(Session& session, const PhoneLink& link)
+      : session_(session), link_(link), book_(link.com) {}
+
+  // Drops what came over the line unasked and makes the SIM the storage of what follows.
+  [[nodiscard]] bool SelectSim();
+  // The lowest free location of the selected SIM, 0 when it is full or does not answer. A SIM whose
+  // range is not known yet is asked for it.
+  int FindFreeSimLocation();
+  [[nodiscard]] bool WriteSimEntry(TextView location, const SIMPhoneBookRecord& record);
+  [[nodiscard]] bool DeleteSimEntry(TextView location);
+
+  // `luid` gets the phone's identifier of the new card.
+  [[nodiscard]] bool AddCard(const PhoneBookRecord& record, Text& luid);
+  [[nodiscard]] bool ReplaceCard(TextView luid, const PhoneBookRecord& record);
+  enum class Deleted { Yes, No, NoSession };
+  // A card whose identifier is not of 12 characters cannot be named to the phone: No.
+  Deleted DeleteCard(TextView luid);
+
+  // Writes the contact to that memory: as a new entry when `mode` is 1, else over the one that its
+  // field 1 names. "-1" when the phone refused. Otherwise empty text, but for a new entry the
+  // location or the LUID, which on the SIM stands in field 1 then; empty also when no SIM or no
+  // session was to be had, so that a caller may try again.
+  Text WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode);
+
+ private:
+  bool OpenSession();
+  Text WriteToSim(clsT610Contact& contact, int mode);
+  Text WriteToPhone(const clsT610Contact& contact, int mode);
+
+  Session& session_;
+  PhoneLink link_;
+  ATPhonebook book_;
+};
+
+}  // namespace tessarin

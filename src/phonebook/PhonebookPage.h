@@ -1,0 +1,94 @@
+#pragma once
+
+// The Phonebook page: a tree of the phone's two memories, the contacts of the selected one, and the
+// details of the selected contact.
+
+#include <functional>
+
+#include "core/Page.h"
+#include "core/PageTable.h"
+#include "core/PhoneLink.h"
+#include "core/TessarinMenu.h"
+#include "core/bar.h"
+#include "files/frmSplashTransmission.h"
+#include "phonebook/CopyDialogs.h"
+#include "phonebook/PhoneMemories.h"
+#include "phonebook/PhonebookLists.h"
+#include "phonebook/PhonebookReader.h"
+#include "phonebook/frmAddContact.h"
+
+namespace tessarin {
+
+class PhonebookPage : public Page {
+ public:
+  // Puts its jobs and workers into the tables. All must outlive the page.
+  PhonebookPage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow,
+                PhonebookLists& lists);
+
+  int panel() const override { return kPhonebookPanel; }
+  void Show() override;
+  bool CanDo(std::string_view action) const override;
+  void Do(std::string_view action) override;
+  void PhoneFound() override;
+  // ReadAllPhonebooks: the SIM, then phone memory, which is shown.
+  bool LoadWhileConnecting(bar& bars) override;
+  void PhoneLost() override;
+  void ApplyTexts() override;
+
+  // What the action "Sync" opens; without it the action is not offered.
+  void SetSync(std::function<void()> sync) { sync_ = std::move(sync); }
+  // Shows the selected memory anew, after contacts of the mobile list were changed elsewhere.
+  void ShowAgain();
+
+  PhoneMemories& memories() { return memories_; }
+  frmAddContact& editor() { return editor_; }
+  const CopyDialogs& copyDialogs() const { return copyDialogs_; }
+
+ private:
+  // The memory of the selected node, "s" or "p"; 0 when none is selected.
+  char16_t Kind() const;
+  bool IsLoaded(char16_t kind) const;
+  void AddNodes();
+  void NodeClicked();
+
+  // Jobs.
+  void RefreshPhonebook();
+  void DeleteSelectedContacts();
+  void CopyToSim();
+  // Workers.
+  void SIMPhonebookLoading() { Load(PhoneMemories::kSim); }
+  void PMPhonebookLoading() { Load(PhoneMemories::kPhone); }
+
+  void Load(char16_t kind);
+  bool Read(char16_t kind, bar& bars);
+  void SetLoading(bool loading);
+  void ShowPhonebookList(char16_t kind);
+  void ColumnClicked(int column);
+  void SelectionChanged();
+  void ShowContactDetails();
+  void UpdateStatus();
+  void EditSelectedContact();
+  void SaveContacts();
+  void OpenCopyDialogs();
+  // False ends the deleting of further contacts.
+  bool DeleteOne(int position);
+
+  // Positions in the mobile list of the selected rows, highest first.
+  std::vector<int> SelectedPositions() const;
+
+  TessarinMenu& session_;
+  frmSplashTransmission& busyWindow_;
+  PhonebookLists& lists_;
+  PhonebookReader reader_;
+  PhoneMemories memories_;
+  frmAddContact editor_;
+  CopyDialogs copyDialogs_;
+  bar bars_;
+  RichText rtbPhonebookBuffer_;  // what Save writes
+  std::function<void()> sync_;
+  bool SIMLoaded_ = false;  // read in this connection
+  bool PMLoaded_ = false;
+  bool loading_ = false;
+};
+
+}  // namespace tessarin

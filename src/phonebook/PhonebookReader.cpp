@@ -1,0 +1,119 @@
+#include "phonebook/PhonebookReader.h"
+
+#include <algorithm>
+
+#include "codecs/Faults.h"
+#include "codecs/vcard.h"
+#include "phonebook/ContactRecord.h"
+
+namespace tessarin {
+
+namespace {
+
+constexpr int kBatch = 10;  // slow phones are not asked for more places at once
+
+void Move(bar& bars, ProgressBar& part, int value) {
+  part.value = value;
+  bars.Refresh();
+}
+
+}  // namespace
+
+PhonebookReader::PhonebookReader(TessarinMenu& session, const PhoneLink& link,
+                                 PhonebookLists& lists)
+    : session_(session), link_(link), lists_(lists), book_(link.com) {}
+
+std::shared_ptr<clsT610Contact> PhonebookReader::NewContact() const {
+  auto contact = std::make_shared<clsT610Contact>();
+  contact->LetData(Text(clsT610ContactList::GetTEMPID()), clsT610Contact::kGuid);
+  contact->LetData(modDate::FormatDateText(session_.clock().Now()), clsT610Contact::kModified);
+  return contact;
+}
+
+bool PhonebookReader::ReadSim(bar& bars) {
+  Text text;
+  std::vector<SIMPhoneBookRecord> records;
+  link_.obex.EndOBEXSession();
+  try {
+    if (!ReadSimText(text, bars)) return false;
+    ATPhonebook::ParseCPBRText(text, ATPhonebook::CountEntries(text), records);
+  } catch (const ConversionError&) {
+    return false;
+  }
+  TakeSim(records);
+  return true;
+}
+
+// The range is asked for before the storage is selected: these phones tell the SIM's.
+bool PhonebookReader::ReadSimText(Text& text, bar& bars) {
+  if (!book_.GetPhonebookRange(session_.simMinIndex, session_.simMaxIndex)) return false;
+  if (!book_.SelectPhonebookStorage(u"\"SM\"")) return false;
+  const int last = session_.simMaxIndex;
+  for (int first = session_.simMinIndex; first <= last; first += kBatch) {
+    const int end = std::min(first + kBatch - 1, last);
+    Text batch;
+    if (!book_.ReadPhonebookRange(batch, first, end)) return false;
+    text += batch;
+    Move(bars, bars.simBar, end * bar::kSimLength / std::max(last, 1));
+  }
+  return true;
+}
+
+void PhonebookReader::TakeSim(const std::vector<SIMPhoneBookRecord>& records) {
+  auto& list = *lists_.phoneContacts;
+  list.ClearAllSIMRecord();
+  for (const auto& record : records) {
+    auto contact = NewContact();
+    contact->LetData(u"s" + ToText(record.Index), clsT610Contact::kMobileId);
+    contact->LetData(record.Text.Trimmed(), clsT610Contact::kName);
+    contact->LetData(record.Number.Trimmed(), clsT610Contact::kHome);
+    list.Add(std::move(contact));
+  }
+  session_.simRecordCount = static_cast<std::int32_t>(records.size());
+  lists_.MemoryRead(u's');
+}
+
+bool PhonebookReader::ReadPhone(bar& bars) {
+  int count = 0;
+  Text text;
+  const bool read = ReadObject(count, text, bars);
+  if (read) {
+    std::vector<PhoneBookRecord> records;
+    vcard::DecodeVCards(text, count, records);
+    TakePhone(records, bars);
+  }
+  link_.obex.EndOBEXSession();
+  return read;
+}
+
+bool PhonebookReader::ReadObject(int& count, Text& text, bar& bars) {
+  std::string unused;  // IrMC packets carry no connection identifier
+  int maxRecords = 0;
+  link_.obex.EndOBEXSession();
+  const auto progress = [&bars](int step) {
+    Move(bars, bars.phoneBar, bar::kPhoneLength * step / IrMC::kProgressSteps);
+  };
+  if (!link_.obex.ConnectIrmcSync(unused) ||
+      !link_.irmc.ReadPhonebookObject(count, text, maxRecords, progress)) {
+    return false;
+  }
+  session_.pbChangeCounter = link_.irmc.pbChangeCounter();
+  return true;
+}
+
+void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, bar& bars) {
+  auto& list = *lists_.phoneContacts;
+  list.ClearAllPMRecord();
+  const int count = static_cast<int>(records.size());
+  for (int index = 0; index < count; ++index) {
+    auto contact = NewContact();
+    TakeReadRecord(records[static_cast<std::size_t>(index)], *contact);
+    list.Add(std::move(contact));
+    bars.phoneBar.value = bar::kPhoneLength * (index + 1) / count;
+  }
+  bars.Refresh();
+  session_.phoneRecordCount = count;
+  lists_.MemoryRead(u'p');
+}
+
+}  // namespace tessarin
