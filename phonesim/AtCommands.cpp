@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 
 namespace phonesim {
 namespace {
@@ -37,12 +38,24 @@ AtCall ParseAtCall(std::string_view line) {
   return call;
 }
 
+std::optional<int> AtNumber(std::string_view digits) {
+  int number = 0;
+  const char* end = digits.data() + digits.size();
+  const auto [at, error] = std::from_chars(digits.data(), end, number);
+  if (digits.empty() || error != std::errc() || at != end || number < 0) return std::nullopt;
+  return number;
+}
+
 std::string FormatAtAnswer(const AtAnswer& answer) {
-  std::string text;
-  for (const std::string& line : answer.lines) text += "\r\n" + line + "\r\n";
+  std::string text = answer.lines.empty() ? "" : "\r\n";
+  for (const std::string& line : answer.lines) text += line + "\r\n";
   switch (answer.result) {
     case AtAnswer::Result::Ok:
       return text + "\r\nOK\r\n";
+    case AtAnswer::Result::Prompt:
+      return "\r\n> ";
+    case AtAnswer::Result::CmsError:
+      return "\r\n+CMS ERROR: " + std::to_string(answer.code) + "\r\n";
     case AtAnswer::Result::Connect:
       return text + "\r\nCONNECT\r\n";
     default:
@@ -52,7 +65,7 @@ std::string FormatAtAnswer(const AtAnswer& answer) {
 
 AtAnswer AtCommands::Run(const AtCall& call) const {
   const auto row = table_.find(call.name);
-  if (row == table_.end()) return {AtAnswer::Result::Unknown, {}};
+  if (row == table_.end()) return {AtAnswer::Result::Unknown};
   return row->second(call);
 }
 

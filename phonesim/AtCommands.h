@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,13 +22,26 @@ struct AtCall {
 AtCall ParseAtCall(std::string_view line);
 
 struct AtAnswer {
-  enum class Result { Ok, Error, Connect, Unknown };  ///< Unknown: no such command or parameter
+  enum class Result {
+    Ok,
+    Error,
+    CmsError,  ///< +CMS ERROR with a code of 3GPP TS 27.005
+    Connect,
+    Prompt,   ///< "> ": the client goes on with a body
+    Unknown,  ///< no such command or parameter
+  };
 
   Result result = Result::Ok;
-  std::vector<std::string> lines;
+  std::vector<std::string> lines = {};
+  int code = 0;                                                ///< of `CmsError`
+  std::function<AtAnswer(const std::string& body)> take = {};  ///< of `Prompt`: the body's answer
 };
 
-/// The bytes of an answer: each line between CR LF pairs, then the result code likewise.
+/// A number of digits only.
+std::optional<int> AtNumber(std::string_view digits);
+
+/// The bytes of an answer: CR LF, the lines, each with CR LF behind it, then CR LF, the result
+/// code, CR LF. A prompt is CR LF ">" and a blank.
 std::string FormatAtAnswer(const AtAnswer& answer);
 
 /// The phone's AT commands: a table that its abilities add their rows to.

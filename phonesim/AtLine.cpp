@@ -9,12 +9,15 @@ namespace {
 constexpr std::array<std::uint8_t, 3> kDisconnect = {0x81, 0x00, 0x03};
 constexpr std::uint8_t kReturn = 0x0D;
 constexpr std::uint8_t kBackspace = 0x08;
+constexpr std::uint8_t kEndOfBody = 0x1A;
+constexpr std::uint8_t kEscape = 0x1B;
 
 bool IsLetter(std::uint8_t byte, char upper) { return (byte & ~0x20) == upper; }
 
 }  // namespace
 
 AtLine::Event AtLine::Take(std::uint8_t byte) {
+  if (body_) return TakeBody(byte);
   if (byte == kDisconnect[matched_]) {
     if (++matched_ < kDisconnect.size()) return Event::None;
     stray_ = ToBytes(line_);
@@ -27,6 +30,16 @@ AtLine::Event AtLine::Take(std::uint8_t byte) {
   for (std::size_t i = 0; i < held; ++i) TakeText(kDisconnect[i]);
   if (byte != kDisconnect[0]) return TakeText(byte);
   matched_ = 1;
+  return Event::None;
+}
+
+AtLine::Event AtLine::TakeBody(std::uint8_t byte) {
+  echo_.push_back(byte);
+  if (byte == kEndOfBody || byte == kEscape || byte == kReturn) {
+    body_ = false;
+    return byte == kEndOfBody ? Event::Body : Event::Cancelled;
+  }
+  line_ += static_cast<char>(byte);
   return Event::None;
 }
 

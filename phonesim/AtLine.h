@@ -13,12 +13,16 @@ namespace phonesim {
 /// found wherever they stand and throw away the line they interrupt.
 class AtLine {
  public:
-  enum class Event { None, Line, Disconnect };
+  enum class Event { None, Line, Disconnect, Body, Cancelled };
 
   /// After `Line`, `TakeLine` has the command; after `Disconnect` everything is empty again.
   Event Take(std::uint8_t byte);
 
-  /// The command from its "AT" up to, not including, the carriage return.
+  /// What follows is the body of the last command: all up to 1A, which is `Body`, or 1B, which is
+  /// `Cancelled`. So is a carriage return, as bodies are single lines.
+  void AwaitBody() { body_ = true; }
+
+  /// The command from its "AT" up to, not including, the carriage return; or the body.
   std::string TakeLine();
 
   /// The bytes taken since the last call that an echoing phone sends back.
@@ -28,14 +32,16 @@ class AtLine {
   Bytes TakeStray();
 
   /// True while part of a command, or of a Disconnect, has come.
-  bool Started() const { return !line_.empty() || matched_ > 0; }
+  bool Started() const { return body_ || !line_.empty() || matched_ > 0; }
 
   void Clear();
 
  private:
+  Event TakeBody(std::uint8_t byte);
   Event TakeText(std::uint8_t byte);
   void TakePrefix(std::uint8_t byte);
 
+  bool body_ = false;
   std::size_t matched_ = 0;  ///< how much of 81 00 03 is held back
   std::string line_;
   Bytes echo_;

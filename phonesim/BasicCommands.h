@@ -17,6 +17,9 @@ class BasicCommands {
 
   void AddTo(AtCommands& commands);
 
+  /// The name that +CSCS has set.
+  const std::string& CharacterSetName() const { return characterSet_; }
+
  private:
   void AddIdentity(AtCommands& commands, const std::string& name, std::string Identity::*field);
   AtAnswer SetEcho(const AtCall& call);

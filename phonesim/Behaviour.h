@@ -59,10 +59,37 @@ struct Irmc {
   bool quoteAllInEvents = true;  ///< where a value is quoted, all of it is
 };
 
+/// The SIM's phonebook.
+struct Sim {
+  int first = 1;
+  int last = 250;
+  std::size_t nameLength = 30;    ///< characters; longer names are refused
+  std::size_t numberLength = 40;  ///< digits and signs
+};
+
+/// How a location without a message is read.
+enum class EmptyLocation { Ok, CmsError, Error };
+
+struct Messages {
+  int simTotal = 30;
+  int phoneTotal = 100;
+  EmptyLocation emptyLocation = EmptyLocation::Ok;
+  bool readingMarks = true;  ///< a received message that was read is no longer unread
+};
+
+/// How an AT command fails, or with the name "PDU" the body of a message.
+struct CommandFailure {
+  int cmsCode = 0;            ///< of +CMS ERROR; 0: a plain ERROR
+  std::size_t skip = 0;       ///< how often the command works before
+  std::size_t times = 10000;  ///< how often it fails then
+};
+
 struct Behaviour {
   Identity identity;
   Battery battery;
   Irmc irmc;
+  Sim sim;
+  Messages messages;
 
   bool echo = false;                ///< the AT echo; ATE0 and ATE1 change it
   bool echoRequestHeaders = false;  ///< the first reply to the Get of a file repeats its Name
@@ -71,7 +98,8 @@ struct Behaviour {
   std::chrono::milliseconds splitGap{0};
   std::chrono::milliseconds answerDelay{0};
 
-  std::optional<std::size_t> dropAfterBytes;  ///< hang up once this many more bytes were sent
+  std::optional<std::size_t> dropAfterBytes;     ///< hang up once this many more bytes were sent
+  std::optional<std::size_t> dropAfterRequests;  ///< answer so many more, hang up at the next
 
   Silence silence = Silence::None;
   std::optional<std::size_t> silentAfterObexPackets;  ///< answer this many more, then all is silent
@@ -79,6 +107,8 @@ struct Behaviour {
 
   std::set<std::string> refusedCommands;                  ///< such as "AT+CSCS": answered ERROR
   std::map<std::string, std::size_t> unansweredCommands;  ///< how often more each is passed over
+  std::map<std::string, CommandFailure> failingCommands;
+  std::map<std::string, std::chrono::milliseconds> slowCommands;  ///< more time to think
   std::map<ObexOperation, ObexRefusal> refusedOperations;
 };
 

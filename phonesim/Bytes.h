@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,6 +28,13 @@ inline void Append32(Bytes& out, std::uint32_t value) {
   Append16(out, value & 0xFFFF);
 }
 
+/// Upper-case digits, a blank between bytes, "81 00 03", and without, "810003".
+std::string ToHex(ByteView bytes);
+std::string HexDigits(ByteView bytes);
+
+/// The bytes of digits in pairs; nothing when there are others between them.
+std::optional<Bytes> BytesOfHex(std::string_view digits);
+
 /// `bytes` holds at least two bytes.
 inline std::size_t Read16(ByteView bytes) { return std::size_t{bytes[0]} << 8 | bytes[1]; }
 
@@ -36,8 +44,5 @@ inline std::uint32_t Read32(ByteView bytes) {
 }
 
 inline Bytes ToBytes(std::string_view text) { return {text.begin(), text.end()}; }
-
-/// Upper-case digits, a blank between bytes: "81 00 03".
-std::string ToHex(ByteView bytes);
 
 }  // namespace phonesim

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "phonesim/Book.h"
+#include "phonesim/Messages.h"
+#include "phonesim/SimBook.h"
 
 namespace phonesim {
 
@@ -13,6 +15,9 @@ struct Books {
 
   Book contacts;  ///< names of the fields: see Vcard.h
   Book events;    ///< names of the fields: see Vcalendar.h
+  SimBook sim;
+  MessageStores messages;
+  SentMessages sent;  ///< in no file
 
   /// Takes over what was changed in the files by hand.
   void Reread();

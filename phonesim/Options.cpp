@@ -67,6 +67,42 @@ void LeaveUnanswered(Behaviour& behaviour, const std::string& text) {
       end < text.size() ? Number(text.substr(end + 1)) : 1;
 }
 
+/// "1-7"
+void SetSimRange(Sim& sim, const std::string& text) {
+  const std::size_t hyphen = std::min(text.find('-'), text.size());
+  sim.first = static_cast<int>(Number(text.substr(0, hyphen)));
+  sim.last = static_cast<int>(Number(text.substr(std::min(hyphen + 1, text.size()))));
+}
+
+/// "AT+CMGD", "PDU=500", "PDU@2" or "PDU=500@2": command, code of +CMS ERROR, which time it begins
+/// to fail.
+void LetFail(Behaviour& behaviour, const std::string& text) {
+  const std::size_t timeAt = std::min(text.find('@'), text.size());
+  const std::size_t codeAt = std::min(text.find('='), timeAt);
+  CommandFailure failure;
+  if (codeAt < timeAt) {
+    failure.cmsCode = static_cast<int>(Number(text.substr(codeAt + 1, timeAt - codeAt - 1)));
+  }
+  if (timeAt < text.size())
+    failure.skip = std::max<std::size_t>(Number(text.substr(timeAt + 1)), 1) - 1;
+  behaviour.failingCommands[text.substr(0, codeAt)] = failure;
+}
+
+/// "AT+CMGR=3000": command, milliseconds.
+void MakeSlow(Behaviour& behaviour, const std::string& text) {
+  const std::size_t end = std::min(text.rfind('='), text.size());
+  if (end == text.size()) throw UsageError("no milliseconds in '" + text + "'");
+  behaviour.slowCommands[text.substr(0, end)] = Milliseconds(text.substr(end + 1));
+}
+
+void SetEmptyLocation(Behaviour& behaviour, const std::string& text) {
+  static const std::map<std::string, EmptyLocation> kNames = {
+      {"ok", EmptyLocation::Ok}, {"cms", EmptyLocation::CmsError}, {"error", EmptyLocation::Error}};
+  const auto name = kNames.find(text);
+  if (name == kNames.end()) throw UsageError("'" + text + "' is neither ok, cms nor error");
+  behaviour.messages.emptyLocation = name->second;
+}
+
 struct Option {
   std::string name;
   std::string value;  ///< what the help calls its value; empty for none
@@ -94,6 +130,8 @@ const std::vector<Option>& Table() {
        [](O& o, const T& v) { o.behaviour.answerDelay = Milliseconds(v); }},
       {"--drop-after", "N", "hang up and end after N bytes",
        [](O& o, const T& v) { o.behaviour.dropAfterBytes = Number(v); }},
+      {"--drop-after-requests", "N", "answer N requests, hang up and end at the next",
+       [](O& o, const T& v) { o.behaviour.dropAfterRequests = Number(v); }},
       {"--silent", "", "answer nothing",
        [](O& o, const T&) { o.behaviour.silence = Silence::Everything; }},
       {"--silent-obex", "", "answer nothing in OBEX mode",
@@ -102,11 +140,23 @@ const std::vector<Option>& Table() {
        [](O& o, const T& v) { o.behaviour.silentAfterObexPackets = Number(v); }},
       {"--refuse", "CMD", "answer ERROR to this AT command; may be repeated",
        [](O& o, const T& v) { o.behaviour.refusedCommands.insert(v); }},
+      {"--fail", "CMD[=CODE][@N]",
+       "let an AT command, or PDU for a message's body, fail from its Nth time on, by ERROR or "
+       "+CMS ERROR: CODE",
+       [](O& o, const T& v) { LetFail(o.behaviour, v); }},
+      {"--slow", "CMD=MS", "think longer before the answer to an AT command, or PDU",
+       [](O& o, const T& v) { MakeSlow(o.behaviour, v); }},
       {"--refuse-obex", "OP[=CODE][@N][:OBJECT]",
        "refuse connect, setpath, listing, get, put or delete, at its packet N, with CODE (C3)",
        [](O& o, const T& v) { RefuseObex(o.behaviour, v); }},
       {"--unanswered", "CMD[=K]", "leave an AT command unanswered K times (1)",
        [](O& o, const T& v) { LeaveUnanswered(o.behaviour, v); }},
+      {"--sim-range", "A-B", "the SIM's locations (1-250); 1-7 are full among the samples",
+       [](O& o, const T& v) { SetSimRange(o.behaviour.sim, v); }},
+      {"--sim-name", "N", "how long a name on the SIM may be (30)",
+       [](O& o, const T& v) { o.behaviour.sim.nameLength = Number(v); }},
+      {"--empty-location", "ok|cms|error", "how a location without a message is read (ok)",
+       [](O& o, const T& v) { SetEmptyLocation(o.behaviour, v); }},
       {"--contact-maximum", "N", "how many contacts fit (510)",
        [](O& o, const T& v) { o.behaviour.irmc.contactMaximum = Number(v); }},
       {"--event-maximum", "N", "how many calendar entries fit (300)",

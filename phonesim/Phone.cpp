@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <utility>
 
 #include "phonesim/FolderBrowsing.h"
@@ -12,6 +13,7 @@ namespace phonesim {
 namespace {
 
 constexpr std::array<std::uint8_t, 3> kDisconnect = {0x81, 0x00, 0x03};
+constexpr const char* kBody = "PDU";
 constexpr std::string_view kBackInAtMode = "\r\nOK\r\n";
 
 /// A whole packet of OBEX where a command line should begin; 81 is left to the line reader.
@@ -19,6 +21,12 @@ bool IsObexInAtMode(ByteView bytes) { return bytes[0] != kDisconnect[0] && IsObe
 
 bool LooksLikeAt(ByteView bytes) {
   return bytes.size() >= 2 && (bytes[0] & ~0x20) == 'A' && (bytes[1] & ~0x20) == 'T';
+}
+
+/// The body of a message: digits, and 1A behind them.
+bool IsBody(ByteView bytes) {
+  return std::all_of(bytes.begin(), bytes.end(),
+                     [](std::uint8_t byte) { return byte == 0x1A || std::isxdigit(byte) != 0; });
 }
 
 }  // namespace
@@ -29,8 +37,12 @@ Phone::Phone(const std::filesystem::path& content, Settings& settings, Reports& 
       files_(content),
       memory_(content),
       basics_(settings),
+      phonebook_(settings, memory_, basics_.CharacterSetName()),
+      messages_(settings, memory_, reports),
       obex_(settings, reports) {
   basics_.AddTo(commands_);
+  phonebook_.AddTo(commands_);
+  messages_.AddTo(commands_);
   obex_.Add(FolderBrowsing::Row(files_, settings));
   obex_.Add(IrmcSync::Row(memory_, settings));
 }
@@ -50,6 +62,7 @@ void Phone::Receive(ByteView bytes) {
 std::vector<Phone::Output> Phone::Take() { return std::exchange(outputs_, {}); }
 
 bool Phone::Silent() {
+  if (hungUp_) return true;
   const Silence silence = settings_.With([](const Behaviour& b) { return b.silence; });
   return silence == Silence::Everything || (silence == Silence::Obex && obexMode_);
 }
@@ -66,35 +79,102 @@ ByteView Phone::ReceiveAt(ByteView bytes) {
     if (event == AtLine::Event::None) continue;
     FlushEcho();
     ReportStray();
-    if (event == AtLine::Event::Line) {
-      RunCommand(line_.TakeLine());
-    } else {
-      BeginAnswer(kDisconnect);
-      Send(kDisconnect);
-    }
+    TakeAt(event);
     return bytes;
   }
   return bytes;
 }
 
+void Phone::TakeAt(AtLine::Event event) {
+  if (HangsUp()) return;
+  switch (event) {
+    case AtLine::Event::Line:
+      return RunCommand(line_.TakeLine());
+    case AtLine::Event::Body:
+      return RunBody(line_.TakeLine());
+    case AtLine::Event::Cancelled:
+      return CancelBody();
+    default:
+      BeginAnswer(kDisconnect);
+      Send(kDisconnect);
+  }
+}
+
 void Phone::RunCommand(const std::string& line) {
   const AtCall call = ParseAtCall(line);
+  bodyRefused_ = false;
   BeginAnswer(ToBytes(line));
   if (PassedOver(call.name)) return;
   const AtAnswer answer = Answer(call, line);
-  Send(ToBytes(FormatAtAnswer(answer)));
+  SendAnswer(call.name, answer);
   if (answer.result == AtAnswer::Result::Connect) {
     obexMode_ = true;
     obex_.Open();
+  } else if (answer.result == AtAnswer::Result::Prompt) {
+    takeBody_ = answer.take;
+    line_.AwaitBody();
+  } else {
+    bodyRefused_ = call.name == "AT+CMGS";
   }
+}
+
+void Phone::RunBody(const std::string& digits) {
+  BeginAnswer(ToBytes(digits));
+  if (PassedOver(kBody)) return;
+  const auto failure = Failing(kBody);
+  SendAnswer(kBody, failure ? *failure : takeBody_(digits));
+}
+
+void Phone::CancelBody() {
+  reports_.Add("message broken off", ToBytes(line_.TakeLine()));
+  Send(ToBytes(FormatAtAnswer({})));
+}
+
+void Phone::SendAnswer(const std::string& name, const AtAnswer& answer) {
+  Send(ToBytes(FormatAtAnswer(answer)));
+  settings_.With([&](const Behaviour& b) {
+    const auto slow = b.slowCommands.find(name);
+    if (slow != b.slowCommands.end()) outputs_.back().delay = slow->second;
+  });
+}
+
+/// The answer of a command that is to fail this time.
+std::optional<AtAnswer> Phone::Failing(const std::string& name) {
+  return settings_.With([&name](Behaviour& b) -> std::optional<AtAnswer> {
+    const auto row = b.failingCommands.find(name);
+    if (row == b.failingCommands.end() || row->second.times == 0) return std::nullopt;
+    if (row->second.skip > 0) {
+      --row->second.skip;
+      return std::nullopt;
+    }
+    --row->second.times;
+    const int code = row->second.cmsCode;
+    if (code == 0) return AtAnswer{AtAnswer::Result::Error};
+    return AtAnswer{AtAnswer::Result::CmsError, {}, code};
+  });
+}
+
+/// Counts a request, and is true for the one at which the phone is gone.
+bool Phone::HangsUp() {
+  hungUp_ = settings_.With([](Behaviour& b) {
+    if (!b.dropAfterRequests) return false;
+    if (*b.dropAfterRequests > 0) {
+      --*b.dropAfterRequests;
+      return false;
+    }
+    b.dropAfterRequests.reset();
+    return true;
+  });
+  return hungUp_;
 }
 
 AtAnswer Phone::Answer(const AtCall& call, const std::string& line) {
   const bool refused = settings_.With([&](const Behaviour& b) {
     return b.refusedCommands.contains(call.name) || b.refusedCommands.contains(line);
   });
-  if (refused) return {AtAnswer::Result::Error, {}};
-  AtAnswer answer{AtAnswer::Result::Unknown, {}};
+  if (refused) return {AtAnswer::Result::Error};
+  if (const auto failure = Failing(call.name)) return *failure;
+  AtAnswer answer{AtAnswer::Result::Unknown};
   if (IsPlainUtf8(line)) answer = commands_.Run(call);
   if (answer.result == AtAnswer::Result::Unknown) {
     reports_.Add("unknown AT command " + line, ToBytes(line));
@@ -144,7 +224,7 @@ void Phone::ReceiveObex(ByteView bytes) {
 
 void Phone::AnswerPacket() {
   const Bytes packet = std::exchange(packet_, {});
-  if (!ObexAnswersLeft()) return;
+  if (HangsUp() || !ObexAnswersLeft()) return;
   BeginAnswer(packet);
   Bytes reply = obex_.Answer(packet);
   if (obex_.Closed()) {
@@ -183,18 +263,21 @@ void Phone::Reset() {
   line_.Clear();
   outputs_.clear();
   answering_ = false;
+  hungUp_ = false;
+  bodyRefused_ = false;
   if (!settings_.With([](const Behaviour& b) { return b.keepObexOnClose; })) obexMode_ = false;
 }
 
 void Phone::FlushEcho() {
   const Bytes echo = line_.TakeEcho();
   if (echo.empty() || !settings_.With([](const Behaviour& b) { return b.echo; })) return;
-  outputs_.push_back({false, echo});
+  outputs_.push_back({false, echo, {}});
 }
 
 void Phone::ReportStray() {
   const Bytes stray = line_.TakeStray();
-  if (!stray.empty()) reports_.Add("bytes that belong to no command", stray);
+  if (stray.empty() || (bodyRefused_ && IsBody(stray))) return;
+  reports_.Add("bytes that belong to no command", stray);
 }
 
 void Phone::BeginAnswer(ByteView request) {
@@ -203,7 +286,7 @@ void Phone::BeginAnswer(ByteView request) {
 
 void Phone::Send(ByteView bytes) {
   answering_ = true;
-  outputs_.push_back({true, Bytes(bytes.begin(), bytes.end())});
+  outputs_.push_back({true, Bytes(bytes.begin(), bytes.end()), {}});
 }
 
 }  // namespace phonesim

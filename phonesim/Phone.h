@@ -9,7 +9,9 @@
 #include "phonesim/Behaviour.h"
 #include "phonesim/FileTree.h"
 #include "phonesim/Memory.h"
+#include "phonesim/MessageCommands.h"
 #include "phonesim/ObexServer.h"
+#include "phonesim/PhonebookCommands.h"
 #include "phonesim/Reports.h"
 
 namespace phonesim {
@@ -22,6 +24,7 @@ class Phone {
   struct Output {
     bool answer = false;
     Bytes bytes;
+    std::chrono::milliseconds delay{};  ///< more time to think than usual
   };
 
   /// `content` is the folder that holds its files and books; `settings` and `reports` must outlive
@@ -55,13 +58,23 @@ class Phone {
 
   bool InObexMode() const { return obexMode_; }
 
+  /// True once a request came at which the phone was told to hang up; it does not answer any more
+  /// until `Reset`.
+  bool HungUp() const { return hungUp_; }
+
   Memory& GetMemory() { return memory_; }
 
  private:
   bool Silent();
   ByteView ReceiveAt(ByteView bytes);
   void ReceiveObex(ByteView bytes);
+  void TakeAt(AtLine::Event event);
   void RunCommand(const std::string& line);
+  void RunBody(const std::string& digits);
+  void CancelBody();
+  void SendAnswer(const std::string& name, const AtAnswer& answer);
+  std::optional<AtAnswer> Failing(const std::string& name);
+  bool HangsUp();
   AtAnswer Answer(const AtCall& call, const std::string& line);
   bool PassedOver(const std::string& name);
   void AnswerPacket();
@@ -76,6 +89,8 @@ class Phone {
   FileTree files_;
   Memory memory_;
   BasicCommands basics_;
+  PhonebookCommands phonebook_;
+  MessageCommands messages_;
   AtCommands commands_;
   ObexServer obex_;
 
@@ -83,6 +98,9 @@ class Phone {
   Bytes packet_;
   bool obexMode_ = false;
   bool answering_ = false;
+  bool hungUp_ = false;
+  bool bodyRefused_ = false;  ///< the client may send a body all the same
+  std::function<AtAnswer(const std::string&)> takeBody_;
   std::vector<Output> outputs_;
 };
 

@@ -40,7 +40,7 @@ PhoneLine::End PhoneLine::Run(int stop) {
     Receive((fds[2].revents & POLLIN) != 0 ? Read() : Bytes());
     if (phone_.MidPacket() && Clock::now() >= lastRead_ + kStall) phone_.Stalled();
     QueueOutputs();
-    if (!SendDue()) {
+    if (!SendDue() || (phone_.HungUp() && unsent_.empty() && outlet_.Empty())) {
       AwaitRead();
       return End::Dropped;
     }
@@ -95,7 +95,7 @@ void PhoneLine::QueueOutputs() {
       continue;
     }
     settings_.With([&](const Behaviour& b) {
-      outlet_.AddSplit(output.bytes, now + b.answerDelay, b.splitBytes, b.splitGap);
+      outlet_.AddSplit(output.bytes, now + b.answerDelay + output.delay, b.splitBytes, b.splitGap);
     });
   }
 }
@@ -115,26 +115,22 @@ bool PhoneLine::SendDue() {
 }
 
 bool PhoneLine::Send(ByteView bytes) {
-  const std::size_t allowed = AllowedBytes(bytes.size());
-  const std::size_t sent = pty_.Write(bytes.first(allowed));
-  lastSent_ = Clock::now();
-  if (listener_ && sent > 0) listener_(true, bytes.first(sent));
-  const bool hungUp = settings_.With([sent](Behaviour& b) {
-    if (!b.dropAfterBytes) return false;
-    *b.dropAfterBytes -= sent;
-    if (*b.dropAfterBytes > 0) return false;
-    b.dropAfterBytes.reset();
+  std::size_t sent = 0;
+  // Written within the lock, so that the count is of bytes that follow the moment it was set.
+  const bool hungUp = settings_.With([&](Behaviour& b) {
+    auto& left = b.dropAfterBytes;
+    sent = pty_.Write(bytes.first(std::min(bytes.size(), left.value_or(bytes.size()))));
+    if (!left) return false;
+    *left -= sent;
+    if (*left > 0) return false;
+    left.reset();
     return true;
   });
+  lastSent_ = Clock::now();
+  if (listener_ && sent > 0) listener_(true, bytes.first(sent));
   const ByteView rest = bytes.subspan(sent);
   unsent_.assign(rest.begin(), rest.end());
   return !hungUp;
-}
-
-std::size_t PhoneLine::AllowedBytes(std::size_t wanted) {
-  return settings_.With([wanted](const Behaviour& b) {
-    return b.dropAfterBytes ? std::min(wanted, *b.dropAfterBytes) : wanted;
-  });
 }
 
 }  // namespace phonesim

@@ -43,7 +43,6 @@ class PhoneLine {
   void QueueOutputs();
   bool SendDue();
   bool Send(ByteView bytes);
-  std::size_t AllowedBytes(std::size_t wanted);
 
   Phone& phone_;
   Settings& settings_;

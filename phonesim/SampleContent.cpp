@@ -10,6 +10,8 @@
 #include "phonesim/SampleCalendar.h"
 #include "phonesim/SampleContacts.h"
 #include "phonesim/SampleMedia.h"
+#include "phonesim/SampleMessages.h"
+#include "phonesim/SampleSim.h"
 
 namespace phonesim {
 namespace {
@@ -136,6 +138,8 @@ void FillBooks(const fs::path& folder) {
   Books books(folder / kBooksFolder);
   books.contacts.Fill(MakeSampleContacts());
   books.events.Fill(MakeSampleCalendar(ThisYear()));
+  books.sim.Fill(MakeSampleSim());
+  books.messages.Fill(MakeSampleMessages(ThisYear()));
 }
 
 }  // namespace

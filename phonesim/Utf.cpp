@@ -63,6 +63,19 @@ std::u32string CodePoints(std::string_view utf8) {
   return codes;
 }
 
+Bytes Utf16FromUtf8(std::string_view utf8) {
+  Bytes units;
+  for (const char32_t code : CodePoints(utf8)) {
+    if (code >= 0x10000) {
+      Append16(units, 0xD800 + ((code - 0x10000) >> 10));
+      Append16(units, 0xDC00 + ((code - 0x10000) & 0x3FF));
+    } else {
+      Append16(units, code);
+    }
+  }
+  return units;
+}
+
 std::optional<std::string> Utf8FromUtf16(ByteView utf16) {
   if (utf16.size() % 2 != 0) return std::nullopt;
   std::string text;

@@ -19,6 +19,9 @@ std::string Utf8FromLatin1(std::string_view latin);
 /// Appends one code point, which is no surrogate.
 void AppendUtf8(std::string& out, std::uint32_t code);
 
+/// UTF-16, high byte first and without a terminator, of well-formed UTF-8.
+Bytes Utf16FromUtf8(std::string_view utf8);
+
 /// The code points of well-formed UTF-8.
 std::u32string CodePoints(std::string_view utf8);
 

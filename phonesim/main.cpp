@@ -34,6 +34,12 @@ void PrintTraffic(bool fromPhone, ByteView bytes) {
   std::cerr << (fromPhone ? "< " : "> ") << ToHex(bytes) << "  |" << text << "|\n";
 }
 
+void PrintSent(const SentMessage& message) {
+  std::cerr << "message to " << message.recipient << " in " << message.parts
+            << (message.coding == SmsCoding::Ucs2 ? " part(s) of UCS2: " : " part(s) of GSM text: ")
+            << message.text << "\n";
+}
+
 Status Run(const Options& options) {
   Reports reports;
   std::ofstream file;
@@ -46,6 +52,7 @@ Status Run(const Options& options) {
   if (FillWithSamples(options.content)) std::cerr << "filled " << options.content.string() << "\n";
   Settings settings(options.behaviour);
   Phone phone(options.content, settings, reports);
+  phone.GetMemory().With([](Books& books) { books.sent.SetListener(PrintSent); });
   PhoneLine line(phone, settings, options.link);
   if (options.verbose) line.SetListener(PrintTraffic);
   std::cerr << "phone at " << options.link.string() << "\n";

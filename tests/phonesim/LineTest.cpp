@@ -9,6 +9,7 @@
 #include <functional>
 #include <thread>
 
+#include "phonesim/Memory.h"
 #include "phonesim/Outlet.h"
 #include "phonesim/SampleContent.h"
 #include "phonesim/Server.h"
@@ -143,6 +144,44 @@ TEST_F(LineTest, DropsTheLineAtTheByteItWasTold) {
   }
 }
 
+TEST_F(LineTest, DropsTheLineThoughToldSoWhileItSends) {
+  Server late(content.Path() / "files", content.Path() / "ports/COM4");
+  late.SetListener([&late](bool fromPhone, ByteView) {
+    if (fromPhone) late.GetSettings().With([](Behaviour& b) { b.dropAfterBytes = 1; });
+  });
+  late.Start();
+  const Client client(content.Path() / "ports/COM4");
+  client.Send(ToBytes("AT\r"));
+  EXPECT_EQ(client.Read(kOk.size()), kOk);
+  client.Send(ToBytes("AT\r"));
+  EXPECT_EQ(client.Read(kOk.size()), "\r") << "what went out before does not count";
+  EXPECT_TRUE(client.AtEnd());
+}
+
+TEST_F(LineTest, DropsTheLineAtAnyRequestOfASession) {
+  const std::vector<Bytes> requests = {
+      ToBytes("AT\r"),
+      ToBytes("AT+CMGS=12\r"),
+      ToBytes("00110005812143F50000FF0131\x1A"),
+      Wire("81 00 03"),
+      ToBytes("AT*EOBEX\r"),
+      Wire("80 0013 10 00 0200 46 000C 'IRMC-SYNC'"),
+      Wire("83 002E 01 002B" + NameDigits("telecom/pb/info.log")),
+  };
+  for (std::size_t last = 0; last < requests.size(); ++last) {
+    With([last](Behaviour& b) { b.dropAfterRequests = last; });
+    server.Start();
+    const Client client(link);
+    for (std::size_t i = 0; i <= last; ++i) {
+      client.Send(requests[i]);
+      EXPECT_EQ(client.ReadOnce().empty(), i == last) << i << " of " << last;
+    }
+    EXPECT_TRUE(client.AtEnd());
+    server.HangUp();
+  }
+  EXPECT_EQ(server.GetReports().All(), std::vector<std::string>());
+}
+
 TEST_F(LineTest, SendsInPiecesAndTakesItsTime) {
   With([](Behaviour& b) {
     b.splitBytes = 1;
@@ -186,6 +225,12 @@ TEST(Samples, FillAnEmptyFolderOnce) {
   const ScratchFolder scratch;
   const auto folder = scratch.Path() / "phone";
   EXPECT_TRUE(FillWithSamples(folder));
+  Memory(folder).With([](Books& books) {
+    EXPECT_EQ(books.contacts.Entries().size(), 200U);
+    EXPECT_EQ(books.events.Entries().size(), 150U);
+    EXPECT_EQ(books.sim.All().size(), 120U);
+    EXPECT_EQ(books.messages.Of("SM").size() + books.messages.Of("ME").size(), 60U);
+  });
   EXPECT_FALSE(FillWithSamples(folder));
   const FileTree files(folder);
   const auto roots = files.List({});
