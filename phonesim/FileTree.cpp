@@ -81,6 +81,12 @@ std::optional<Bytes> FileTree::Read(const Place& folder, const std::string& name
   return data;
 }
 
+bool FileTree::Make(const Place& folder) const {
+  std::error_code failed;
+  fs::create_directories(Real(folder), failed);
+  return !failed;
+}
+
 bool FileTree::MayWrite(const Place& folder, const std::string& name) const {
   if (!HasFolder(folder) || !IsName(name)) return false;
   const fs::file_type type = TypeOf(Real(folder) / FromUtf8(name));

@@ -34,6 +34,9 @@ class FileTree {
 
   std::optional<Bytes> Read(const Place& folder, const std::string& name) const;
 
+  /// Makes the folder unless it is there. False when the disk refuses.
+  bool Make(const Place& folder) const;
+
   /// False when the name is none or is a folder's.
   bool MayWrite(const Place& folder, const std::string& name) const;
 

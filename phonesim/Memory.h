@@ -26,6 +26,9 @@ struct Books {
 /// The folder of a phone's content that holds its books. No file listing shows it.
 inline constexpr const char* kBooksFolder = ".books";
 
+/// The folder in there that holds the multimedia messages it was given.
+inline constexpr const char* kMmsFolder = "mms";
+
 /// The phone's books, for its own thread and for those who look into them or change them behind
 /// the client's back. A change holds from the next request on.
 class Memory {

@@ -7,6 +7,7 @@
 
 #include "phonesim/FolderBrowsing.h"
 #include "phonesim/IrmcSync.h"
+#include "phonesim/MmsTarget.h"
 #include "phonesim/Utf.h"
 
 namespace phonesim {
@@ -35,6 +36,7 @@ Phone::Phone(const std::filesystem::path& content, Settings& settings, Reports& 
     : settings_(settings),
       reports_(reports),
       files_(content),
+      mms_(content / kBooksFolder / kMmsFolder),
       memory_(content),
       basics_(settings),
       phonebook_(settings, memory_, basics_.CharacterSetName()),
@@ -45,6 +47,7 @@ Phone::Phone(const std::filesystem::path& content, Settings& settings, Reports& 
   messages_.AddTo(commands_);
   obex_.Add(FolderBrowsing::Row(files_, settings));
   obex_.Add(IrmcSync::Row(memory_, settings));
+  obex_.Add(MmsTarget::Row(mms_));
 }
 
 void Phone::Receive(ByteView bytes) {

@@ -87,6 +87,7 @@ class Phone {
   Settings& settings_;
   Reports& reports_;
   FileTree files_;
+  FileTree mms_;
   Memory memory_;
   BasicCommands basics_;
   PhonebookCommands phonebook_;

@@ -151,6 +151,19 @@ TEST_F(ObexTest, PutsInOnePacketAndInMany) {
   EXPECT_EQ(reports.All(), std::vector<std::string>());
 }
 
+TEST_F(ObexTest, TakesMultimediaMessagesByPutAlone) {
+  const char* connect = "80 001A 10 00 0200 4A 0013 B9C7FD98E5F811D1BFCE0000F8753890";
+  ASSERT_EQ(TalkText("AT*EOBEX\r"), "\r\nCONNECT\r\n");
+  EXPECT_EQ(Talk(connect).substr(0, 20), "A0 00 1F 10 00 02 00");
+  EXPECT_EQ(Talk("02 0015 01 000B" + NameDigits("a.m") + "48 0007 'abcd'"), "90 00 03");
+  EXPECT_EQ(Talk("82 0008 49 0005 'ef'"), "A0 00 03");
+  EXPECT_EQ(content.Read(".books/mms/a.m"), "abcdef");
+  EXPECT_EQ(reports.All(), std::vector<std::string>());
+  EXPECT_EQ(Talk("82 001A 01 000B" + NameDigits("a.m") + "C3 00000004 49 0007 'abcd'"), "C0 00 03");
+  EXPECT_EQ(Talk("83 000E 01 000B" + NameDigits("a.m")), "C0 00 03");
+  EXPECT_EQ(reports.Count(), 2U);
+}
+
 TEST_F(ObexTest, RefusesOnDemand) {
   Connect();
   const auto refuse = [this](ObexOperation operation, ObexRefusal refusal) {
