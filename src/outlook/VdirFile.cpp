@@ -1,0 +1,65 @@
+#include "outlook/VdirFile.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <random>
+
+#include "codecs/Faults.h"
+#include "codecs/modFile.h"
+#include "outlook/LocalTime.h"
+
+namespace tessarin::outlook {
+
+VdirFile::Version VdirFile::Look() const {
+  struct stat found {};
+  if (::stat(path_.c_str(), &found) != 0) return {};
+  return {found.st_mtim.tv_sec, found.st_mtim.tv_nsec, found.st_size, found.st_ino};
+}
+
+bool VdirFile::Exists() const { return modFile::FileExists(path_); }
+
+// Looked at first: a change during the reading counts as one after it.
+std::string VdirFile::Read() {
+  const Version version = Look();
+  std::string bytes = modFile::ReadWholeFile(path_);
+  version_ = version;
+  return bytes;
+}
+
+void VdirFile::Write(std::string_view bytes) {
+  modFile::WriteWholeFile(path_, bytes);
+  version_ = Look();
+}
+
+bool VdirFile::HasChanged() const { return Look() != version_; }
+
+DateValue VdirFile::Modified() const { return ToLocalTime(version_.seconds).value_or(0); }
+
+std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder,
+                                             std::string_view extension) {
+  std::vector<std::filesystem::path> items;
+  std::error_code error;
+  std::filesystem::directory_iterator entry(folder, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with('.') || name.ends_with(".tmp") || !name.ends_with(extension)) continue;
+    if (modFile::FileExists(entry->path())) items.push_back(entry->path());
+  }
+  if (error) throw FileError(error, folder);
+  std::sort(items.begin(), items.end());
+  return items;
+}
+
+std::string NewUid() {
+  std::random_device random;
+  std::string uid;
+  constexpr char kDigits[] = "0123456789abcdef";
+  for (const char place : std::string_view("xxxxxxxx-xxxx-4xxx-yxxx-xxxxxxxxxxxx")) {
+    const unsigned digit = random() % 16;
+    uid += place == 'x' ? kDigits[digit] : place == 'y' ? kDigits[8 + digit % 4] : place;
+  }
+  return uid;
+}
+
+}  // namespace tessarin::outlook

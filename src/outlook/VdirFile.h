@@ -1,0 +1,59 @@
+#pragma once
+
+// One file of a vdir folder: read whole, written by renaming, and watched for changes that another
+// program makes.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "codecs/Text.h"
+#include "codecs/modDate.h"
+
+namespace tessarin::outlook {
+
+class VdirFile {
+ public:
+  explicit VdirFile(std::filesystem::path path) : path_(std::move(path)) {}
+
+  const std::filesystem::path& path() const { return path_; }
+  // The name without its extension.
+  Text Stem() const { return FromUtf8(path_.stem().string()); }
+
+  bool Exists() const;
+  // Both throw FileError.
+  std::string Read();
+  void Write(std::string_view bytes);
+
+  // Whether the file is another than the one last read or written.
+  bool HasChanged() const;
+  // Of the file as last read or written, local time in whole seconds.
+  DateValue Modified() const;
+
+ private:
+  // What tells one version of a file from the next: a program that replaces it leaves another file
+  // number, one that writes into it another time or size.
+  struct Version {
+    std::int64_t seconds = 0;
+    std::int64_t nanoseconds = 0;
+    std::int64_t size = -1;
+    std::uint64_t number = 0;
+    bool operator==(const Version&) const = default;
+  };
+  Version Look() const;
+
+  std::filesystem::path path_;
+  Version version_;
+};
+
+// The items of a folder by name: regular files with that extension, none whose name begins with a
+// dot or ends in ".tmp". Throws FileError.
+std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder,
+                                             std::string_view extension);
+
+// A random UUID, version 4.
+std::string NewUid();
+
+}  // namespace tessarin::outlook

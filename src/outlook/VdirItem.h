@@ -1,0 +1,82 @@
+#pragma once
+
+// What contacts and events in a vdir folder have in common: identity, time, and how they are saved.
+
+#include <utility>
+
+#include "codecs/Faults.h"
+#include "outlook/Outlook.h"
+#include "outlook/VdirFile.h"
+
+namespace tessarin::outlook {
+
+// `Kind` is ContactItem or AppointmentItem, `Document` is Card or Event.
+template <class Kind, class Document>
+class VdirItem : public Kind {
+ public:
+  // The file's content is already read; that of a new item is made by the first Save.
+  VdirItem(VdirFile file, Document document, bool isNew = false)
+      : file_(std::move(file)), document_(std::move(document)), isSaved_(!isNew) {
+    if (isSaved_) entryId_ = IdentityIn(document_);
+  }
+
+  const Text& EntryID() const override { return entryId_; }
+
+  // Sees what another program did to the file meanwhile; a file that cannot be read any more
+  // leaves the item as it was.
+  DateValue LastModificationTime() override {
+    if (isSaved_ && file_.HasChanged() && file_.Exists()) {
+      VdirFile file(file_.path());
+      auto now = Document::Read(file.Read());
+      if (now && IdentityIn(*now) == entryId_) {
+        document_ = std::move(*now);
+        file_ = std::move(file);
+        Loaded();
+      }
+    }
+    return file_.Modified();
+  }
+
+  // A file that changed since it was read is read again, and only what was set here is changed in
+  // it. One that is damaged now, or holds another item, is left alone: FileError. One that is gone
+  // is written again.
+  void Save() override {
+    std::string old;
+    if (isSaved_ && file_.Exists()) {
+      old = file_.Read();
+      auto now = Document::Read(old);
+      if (!now || IdentityIn(*now) != entryId_) {
+        throw FileError(std::make_error_code(std::errc::bad_message), file_.path());
+      }
+      Change(*now);
+      document_ = std::move(*now);
+    } else {
+      Change(document_);
+    }
+    const std::string bytes = document_.Bytes();
+    if (bytes != old) file_.Write(bytes);
+    isSaved_ = true;
+    entryId_ = IdentityIn(document_);
+    Loaded();
+  }
+
+ protected:
+  const Document& document() const { return document_; }
+  // Carries what was set over to the document.
+  virtual void Change(Document& document) const = 0;
+  // The document is another one: what was set is forgotten.
+  virtual void Loaded() = 0;
+
+ private:
+  // Files that other programs wrote may have no UID.
+  Text IdentityIn(const Document& document) const {
+    return document.uid().empty() ? file_.Stem() : document.uid();
+  }
+
+  VdirFile file_;
+  Document document_;
+  Text entryId_;
+  bool isSaved_ = false;
+};
+
+}  // namespace tessarin::outlook

@@ -1,0 +1,162 @@
+// The folders of cards and events, and what other programs do to them meanwhile.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "codecs/Faults.h"
+#include "outlook/VdirOutlook.h"
+#include "tests/link/TempFolder.h"
+
+namespace tessarin::outlook {
+namespace {
+
+using P = ContactProperty;
+
+class StandingClock : public tessarin::Clock {
+ public:
+  DateValue Now() const override { return modDate::PackDate(2004, 6, 15); }
+  int StandardBiasMinutes() const override { return 0; }
+};
+
+class StoreTest : public testing::Test {
+ protected:
+  StoreTest() { store.CreateObject(u"Outlook.Application"); }
+
+  std::shared_ptr<ItemCollection> Load(int which = kContactsFolder) {
+    return store.Shared().GetNamespace(u"MAPI")->GetDefaultFolder(which)->Items();
+  }
+  static std::shared_ptr<ContactItem> Contact(const ItemCollection& items, int position) {
+    return std::dynamic_pointer_cast<ContactItem>(items.Item(position));
+  }
+  static std::string CardOf(const std::string& lines) {
+    return "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
+  }
+  // A file of that time, in seconds since 1970.
+  void Put(const std::string& name, const std::string& bytes, std::int64_t time = 1000000000) {
+    const auto path = folder.Write("app/Outlook/" + name, bytes);
+    const timespec times[] = {{time, 999999999}, {time, 999999999}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+  }
+  std::string Get(const std::string& name) { return folder.Read("app/Outlook/" + name); }
+
+  TempFolder folder;
+  modFile files{folder.Path() / "app", folder.Path()};
+  StandingClock clock;
+  std::vector<Text> damaged;
+  VdirOutlook store{files, clock, [this](const Text& names) { damaged.push_back(names); }};
+};
+
+TEST_F(StoreTest, TakesItemsByTheRulesOfTheFolder) {
+  Put("Contacts/b.vcf", CardOf("UID:two\r\nFN:B\r\n"));
+  Put("Contacts/a name.vcf", CardOf("FN:A\r\n"));
+  Put("Contacts/group.vcf", CardOf("KIND:group\r\n"));
+  Put("Contacts/broken.vcf", "BEGIN:VCARD\r\n");
+  Put("Contacts/worse.vcf", "");
+  for (const char* other : {".hidden.vcf", "x.vcf.tmp", "y.txt", "z.ics"}) {
+    Put(std::string("Contacts/") + other, CardOf("FN:X\r\n"));
+  }
+  std::filesystem::create_directories(folder.Path() / "app/Outlook/Contacts/folder.vcf");
+  const auto items = Load();
+  ASSERT_EQ(items->Count(), 3);
+  EXPECT_EQ(items->Item(1)->EntryID(), u"a name");
+  EXPECT_EQ(items->Item(2)->EntryID(), u"two");
+  EXPECT_EQ(items->Item(3)->TypeName(), u"DistListItem");
+  EXPECT_EQ(damaged, std::vector<Text>{u"broken.vcf, worse.vcf"});
+  EXPECT_EQ(Get("Contacts/broken.vcf"), "BEGIN:VCARD\r\n");
+  EXPECT_THROW(items->Item(4), BoundsError);
+}
+
+TEST_F(StoreTest, ANewItemGetsItsIdentityAndItsFileWhenSaved) {
+  const auto item = std::dynamic_pointer_cast<ContactItem>(store.Shared().CreateItem(kContactType));
+  EXPECT_EQ(item->EntryID(), u"");
+  EXPECT_EQ(Load()->Count(), 0);
+  item->Set(P::FullName, u"Anna Berg");
+  item->Save();
+  const Text id = item->EntryID();
+  EXPECT_EQ(Get("Contacts/" + ToUtf8(id) + ".vcf"),
+            CardOf("PRODID:-//Tessarin//EN\r\nUID:" + ToUtf8(id) +
+                   "\r\nFN:Anna Berg\r\nN:Berg;Anna;;;\r\n"));
+  const auto items = Load();
+  ASSERT_EQ(items->Count(), 1);
+  EXPECT_EQ(items->Item(1)->EntryID(), id);
+  EXPECT_EQ(items->Item(1)->LastModificationTime(), item->LastModificationTime());
+  EXPECT_EQ(Contact(*items, 1)->LastName(), u"Berg");
+}
+
+// The file's time counts in whole seconds, and a save that changes nothing does not move it.
+TEST_F(StoreTest, SavingWithoutAChangeLeavesTheFileAlone) {
+  Put("Contacts/a.vcf", CardOf("FN:A\r\nN:;A;;;\r\n"));
+  const auto items = Load();
+  const auto item = Contact(*items, 1);
+  const DateValue before = item->LastModificationTime();
+  EXPECT_EQ(modDate::FormatDateText(before).substr(16), u":40");
+  item->Set(P::FullName, u"A");
+  item->Set(P::WebPage, u"");
+  item->Save();
+  EXPECT_EQ(item->LastModificationTime(), before);
+  item->Set(P::WebPage, u"http://x.org");
+  item->Save();
+  EXPECT_GT(item->LastModificationTime(), before);
+}
+
+TEST_F(StoreTest, AFileThatAnotherProgramChangedIsReadAgainFirst) {
+  Put("Contacts/a.vcf", CardOf("FN:A\r\nN:;A;;;\r\nTEL;TYPE=HOME:1\r\n"));
+  const auto items = Load();
+  const auto item = Contact(*items, 1);
+  Put("Contacts/a.vcf", CardOf("FN:A\r\nN:;A;;;\r\nTEL;TYPE=HOME:2\r\nNOTE:new\r\n"));
+  // All texts are set, one of them to another value than the one that was loaded.
+  item->Set(P::FullName, u"A");
+  item->Set(P::HomeTelephoneNumber, u"1");
+  item->Set(P::WebPage, u"http://x.org");
+  item->Save();
+  EXPECT_EQ(Get("Contacts/a.vcf"),
+            CardOf("FN:A\r\nN:;A;;;\r\nTEL;TYPE=HOME:2\r\nNOTE:new\r\nURL:http://x.org\r\n"));
+  EXPECT_EQ(item->Get(P::HomeTelephoneNumber), u"2");
+
+  Put("Contacts/a.vcf", CardOf("FN:Anna\r\n"), 1100000000);
+  EXPECT_EQ(modDate::Unpack(item->LastModificationTime()).year, 2004);
+  EXPECT_EQ(item->Get(P::FullName), u"Anna");
+
+  for (const std::string& other : {std::string("damaged"), CardOf("UID:another\r\n")}) {
+    Put("Contacts/a.vcf", other);
+    item->Set(P::FullName, u"B");
+    EXPECT_THROW(item->Save(), FileError);
+    EXPECT_EQ(Get("Contacts/a.vcf"), other);
+  }
+  std::filesystem::remove(folder.Path() / "app/Outlook/Contacts/a.vcf");
+  item->Save();
+  EXPECT_EQ(Get("Contacts/a.vcf"), CardOf("FN:B\r\nN:;B;;;\r\n"));
+}
+
+TEST_F(StoreTest, EventsAreKeptTheSameWay) {
+  const auto item =
+      std::dynamic_pointer_cast<AppointmentItem>(store.Shared().CreateItem(kAppointmentType));
+  item->SetSubject(u"Lunch");
+  item->SetReminderSet(true);
+  item->SetReminderMinutesBeforeStart(15);
+  item->Save();
+  Put("Calendar/todo.ics",
+      "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nUID:u\nEND:VTODO\nEND:VCALENDAR\n");
+  Put("Calendar/broken.ics", "x");
+  const auto items = Load(kCalendarFolder);
+  ASSERT_EQ(items->Count(), 2);
+  EXPECT_EQ(damaged, std::vector<Text>{u"broken.ics"});
+  for (int position = 1; position <= 2; ++position) {
+    const auto found = items->Item(position);
+    if (found->TypeName() == u"TaskItem") continue;
+    EXPECT_EQ(found->EntryID(), item->EntryID());
+    const auto& fields = dynamic_cast<AppointmentItem&>(*found).Get();
+    EXPECT_EQ(fields.Subject, u"Lunch");
+    EXPECT_EQ(fields.ReminderMinutesBeforeStart, 15);
+  }
+}
+
+TEST_F(StoreTest, AFolderThatCannotBeMadeIsAFault) {
+  const modFile blocked(folder.Write("file", "x"), folder.Path());
+  VdirOutlook none(blocked, clock, nullptr);
+  EXPECT_THROW(none.CreateObject(u"Outlook.Application"), FileError);
+}
+
+}  // namespace
+}  // namespace tessarin::outlook
