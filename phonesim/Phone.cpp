@@ -135,6 +135,10 @@ void Phone::CancelBody() {
 
 void Phone::SendAnswer(const std::string& name, const AtAnswer& answer) {
   Send(ToBytes(FormatAtAnswer(answer)));
+  // A client knows these by their beginning, and need not wait for the code or the blank.
+  if (answer.result == AtAnswer::Result::CmsError || answer.result == AtAnswer::Result::Prompt) {
+    answering_ = false;
+  }
   settings_.With([&](const Behaviour& b) {
     const auto slow = b.slowCommands.find(name);
     if (slow != b.slowCommands.end()) outputs_.back().delay = slow->second;

@@ -141,7 +141,8 @@ TEST_F(MessageTest, FailsAtEachStage) {
   EXPECT_EQ(Submit(pdu), "");
   EXPECT_EQ(Submit(pdu), "\r\n+CMGS: 1\r\n" + kOk);
   EXPECT_EQ(Submit(pdu), Cms(500));
-  TalkText("AT+CMGS=12\r");
+  phone.Receive(ToBytes("AT+CMGR=999\r"));
+  phone.Receive(ToBytes("AT+CMGS=12\r"));
   phone.Receive(ToBytes(pdu + "\x1A"));
   EXPECT_EQ(phone.Take().back().delay, std::chrono::milliseconds(700));
   EXPECT_EQ(Sent(), "12345|1|1\n12345|1|1\n");
