@@ -4,10 +4,13 @@
 #include <cstdio>
 #include <string>
 
+#include "phonesim/Utf.h"
+
 namespace phonesim {
 namespace {
 
-constexpr std::size_t kNames = 10;  ///< given names and family names of a language
+constexpr std::size_t kNames = 10;    ///< given names and family names of a language
+constexpr std::size_t kRichest = 45;  ///< a contact that has everything
 
 /// Where a contact lives. Telephone numbers are a prefix and so many digits.
 struct Country {
@@ -175,13 +178,25 @@ void AddAddress(Fields& contact, const std::string& place, const Country& countr
   contact[place + "country"] = country.country;
 }
 
+bool IsLatin1(const Country& country) {
+  for (const char* street : country.streets) {
+    for (const char32_t code : CodePoints(street)) {
+      if (code > 0xFF) return false;
+    }
+  }
+  return true;
+}
+
+/// Clients write a contact in one packet, so only few have so much that they do not fit into one,
+/// and a work address is in Latin letters unless there is one at home as well.
+///
 /// Every contact has a mobile number; the rest comes and goes with its number.
 Fields MakeContact(std::size_t number) {
   const Country& country = kCountries[number % kCountries.size()];
   const std::size_t turn = number / kCountries.size();
   const std::string given = country.given[turn % kNames];
   const std::string family = country.family[(turn + turn / kNames * 3) % kNames];
-  const std::size_t mix = number + turn;  // so that no country has all of one kind
+  const std::size_t mix = number + turn + 60;  // so that no country has all of one kind
   Fields contact;
   contact[country.familyFirst ? "given" : "family"] = country.familyFirst ? family + given : family;
   if (!country.familyFirst) contact["given"] = given;
@@ -195,15 +210,19 @@ Fields MakeContact(std::size_t number) {
   if (mix % 11 == 0) contact["other"] = "*31#" + contact["cell"];
   if (mix % 3 == 0) contact["org"] = kFirms[number / 3 % kFirms.size()];
   if (mix % 9 == 0) contact["title"] = kTitles[number / 9 % kTitles.size()];
+  const bool home = mix % 4 == 0;
+  const bool rich = number == kRichest;
   const std::string mailbox = "contact" + std::to_string(number + 1);
-  for (std::size_t i = 1; i <= mix % 4; ++i) {
+  for (std::size_t i = 1; i <= (home && !rich ? 1 : (mix + 3) % 4); ++i) {
     contact["email" + std::to_string(i)] =
         mailbox + (i == 2 ? "+work@" : "@") + (i == 3 ? "mail.example.net" : "example.org");
   }
   if (mix % 5 == 0) contact["url"] = "http://www.example.com/" + mailbox + "/";
   if (mix % 25 == 0) contact["url"] = "http://example.com:8080/?id=" + std::to_string(number);
-  if (mix % 4 == 0) AddAddress(contact, "home.", country, turn);
-  if (mix % 6 == 0) AddAddress(contact, "work.", country, turn + 1);
+  if (home) AddAddress(contact, "home.", country, turn);
+  if (home ? rich : mix % 3 == 0 && IsLatin1(country)) {
+    AddAddress(contact, "work.", country, turn + 1);
+  }
   if (mix % 13 == 0) contact["note"] = "Rings twice;\nthen once more: café, 18:30";
   return contact;
 }
