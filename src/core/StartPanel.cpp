@@ -1,10 +1,20 @@
 #include "core/StartPanel.h"
 
+#include "core/PageTable.h"
 #include "core/TextIndex.h"
 
 namespace tessarin {
 
 namespace words = text::interface_;
+
+const std::array<NextStep, 6> kNextSteps = {{
+    {"cmdOpenMessages", 1, words::kStartOpenMessages},
+    {"cmdOpenPhonebook", kPhonebookPanel, words::kStartOpenPhonebook},
+    {"cmdOpenCalendar", kCalendarPanel, words::kStartOpenCalendar},
+    {"cmdOpenPictures", 4, words::kStartOpenPictures},
+    {"cmdOpenRingtones", kRingtonePanel, words::kStartOpenRingtones},
+    {"cmdOpenFiles", kFilePanel, words::kStartOpenFiles},
+}};
 
 StartPanel::StartPanel(Window& window)
     : imgPhone(window, "imgPhone"),
@@ -20,8 +30,11 @@ StartPanel::StartPanel(Window& window)
       lblNext(window, "lblNext"),
       lblStep1(window, "lblStep1"),
       lblStep2(window, "lblStep2"),
-      lblStep3(window, "lblStep3"),
-      cmdOpenFiles(window, "cmdOpenFiles") {}
+      lblStep3(window, "lblStep3") {
+  for (std::size_t i = 0; i < cmdNext.size(); ++i) {
+    cmdNext[i] = std::make_unique<Button>(window, kNextSteps[i].button);
+  }
+}
 
 void StartPanel::Update(const Session& session, const Language& language) {
   const bool connected = session.statusPhase == kPhonePresent;
@@ -37,9 +50,12 @@ void StartPanel::Update(const Session& session, const Language& language) {
   lblStep2.text = word(words::kStartStepConnect);
   lblStep3.text = word(words::kStartStepWait);
   for (Label* step : {&lblStep1, &lblStep2, &lblStep3}) step->visible = !connected;
-  cmdOpenFiles.caption = word(words::kStartOpenFiles);
-  cmdOpenFiles.image = "page-file";
-  cmdOpenFiles.visible = connected;
+  for (std::size_t i = 0; i < cmdNext.size(); ++i) {
+    const NextStep& step = kNextSteps[i];
+    cmdNext[i]->caption = word(step.caption);
+    cmdNext[i]->image = kPages[static_cast<std::size_t>(step.panel)].image;
+    cmdNext[i]->visible = connected;
+  }
 
   lblBattery.text = word(words::kStartBattery);
   lblStorage.text = word(words::kStartStorage);

@@ -87,7 +87,9 @@ void TessarinMenu::ConnectControls() {
   MainMenu.closed.Always([this](const std::string& key) { EnableEditEntries(key, false); });
   Toolbar1.clicked.Always([this](const std::string& key) { DoAction(key); });
   Toolbar2.clicked.Always([this](const std::string& key) { ShowPage(PanelOf(key)); });
-  start.cmdOpenFiles.clicked.Always([this] { ShowPage(0); });
+  for (std::size_t i = 0; i < kNextSteps.size(); ++i) {
+    start.cmdNext[i]->clicked.Always([this, i] { ShowPage(kNextSteps[i].panel); });
+  }
   const std::pair<Control*, const char*> contextMenus[] = {{&lvwPCFile, "mnuClickPC"},
                                                            {&lvwPhoneFile, "mnuClickPhone"},
                                                            {&tvwPhoneDir, "mnuClickPhone"},

@@ -10,7 +10,7 @@ namespace tessarin {
 
 namespace {
 
-constexpr int kTextWidth = 440;
+constexpr int kTextWidth = 480;
 
 QLabel* Faint(QLabel* label) {
   label->setForegroundRole(QPalette::PlaceholderText);
@@ -32,6 +32,22 @@ QGridLayout* Facts(StartPanel& start, Binder& bind) {
   return facts;
 }
 
+// Two columns of equally wide buttons.
+QGridLayout* NextSteps(StartPanel& start, Binder& bind) {
+  auto* steps = new QGridLayout;
+  steps->setSpacing(kGap / 2);
+  int place = 0;
+  for (const auto& next : start.cmdNext) {
+    auto* button = bind.Bind(*next);
+    button->setIconSize({24, 24});
+    button->setStyleSheet(QStringLiteral("text-align: left"));
+    steps->addWidget(button, place / 2, place % 2);
+    ++place;
+  }
+  for (const int column : {0, 1}) steps->setColumnStretch(column, 1);
+  return steps;
+}
+
 }  // namespace
 
 void LayOutStartPanel(StartPanel& start, QWidget& panel, Binder& bind) {
@@ -46,9 +62,7 @@ void LayOutStartPanel(StartPanel& start, QWidget& panel, Binder& bind) {
   for (Label* step : {&start.lblStep1, &start.lblStep2, &start.lblStep3}) {
     words->addWidget(bind.Bind(*step));
   }
-  auto* open = bind.Bind(start.cmdOpenFiles);
-  open->setIconSize({24, 24});
-  words->addWidget(open, 0, Qt::AlignLeft);
+  words->addLayout(NextSteps(start, bind));
   words->addStretch(1);
 
   auto* frame = new QWidget(&panel);
