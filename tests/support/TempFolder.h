@@ -12,7 +12,7 @@ namespace tessarin {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "link-XXXXXX").string();
+    std::string name = (std::filesystem::temp_directory_path() / "tessarin-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) std::abort();
     path_ = name;
     std::filesystem::permissions(path_, std::filesystem::perms(0755));
