@@ -32,7 +32,7 @@ std::vector<Book::Entry>::iterator Book::Place(const std::string& luid) {
 }
 
 std::string Book::Add(Fields fields) {
-  const std::string luid = NextLuid();
+  std::string luid = NextLuid();
   entries_.push_back({luid, std::move(fields)});
   Touch(luid, false);
   Save();

@@ -125,6 +125,7 @@ std::string WriteContentLine(const std::string& name, const std::vector<std::str
   });
   if (!quoted) return name + ":" + Join(components) + "\r\n";
   std::vector<std::string> values;
+  values.reserve(components.size());
   for (const std::string& text : components) values.push_back(Quote(text, quoting.all));
   return FoldQuoted(name + ";ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:" + Join(values)) + "\r\n";
 }

@@ -67,7 +67,7 @@ void SentMessages::Take(const Submitted& part) {
   auto& parts = waiting_[key];
   if (parts.contains(part.part->number)) parts.clear();
   parts[part.part->number] = part;
-  if (parts.size() < static_cast<std::size_t>(key.total)) return;
+  if (parts.size() < static_cast<std::size_t>(part.part->total)) return;
   Bytes units;
   for (const auto& [number, one] : parts) Append(units, one.units);
   Finish({part.recipient, SmsText(part.coding, units), part.coding, parts.size()});

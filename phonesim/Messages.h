@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "phonesim/Deck.h"
@@ -72,12 +73,7 @@ class SentMessages {
   }
 
  private:
-  struct Key {
-    std::string recipient;
-    int reference;
-    int total;
-    auto operator<=>(const Key&) const = default;
-  };
+  using Key = std::tuple<std::string, int, int>;  ///< recipient, reference, number of parts
   void Finish(SentMessage message);
 
   std::vector<SentMessage> whole_;

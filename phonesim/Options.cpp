@@ -72,6 +72,7 @@ void SetSimRange(Sim& sim, const std::string& text) {
   const std::size_t hyphen = std::min(text.find('-'), text.size());
   sim.first = static_cast<int>(Number(text.substr(0, hyphen)));
   sim.last = static_cast<int>(Number(text.substr(std::min(hyphen + 1, text.size()))));
+  if (sim.first > sim.last) throw UsageError("'" + text + "' is no range");
 }
 
 /// "AT+CMGD", "PDU=500", "PDU@2" or "PDU=500@2": command, code of +CMS ERROR, which time it begins
@@ -103,6 +104,8 @@ void SetEmptyLocation(Behaviour& behaviour, const std::string& text) {
   behaviour.messages.emptyLocation = name->second;
 }
 
+constexpr std::size_t kHelpColumn = 31;
+
 struct Option {
   std::string name;
   std::string value;  ///< what the help calls its value; empty for none
@@ -110,14 +113,27 @@ struct Option {
   std::function<void(Options&, const std::string&)> set;
 };
 
-const std::vector<Option>& Table() {
-  using O = Options;
-  using T = std::string;
-  static const std::vector<Option> kTable = {
+using Rows = std::vector<Option>;
+using O = Options;
+using T = std::string;
+
+Rows RunningOptions() {
+  return {
       {"--link", "PATH", "where the phone's port is linked, such as ports/COM3",
        [](O& o, const T& v) { o.link = v; }},
       {"--content", "DIR", "the phone's files; filled with samples when empty or missing",
        [](O& o, const T& v) { o.content = v; }},
+      {"--reports", "FILE", "write breaches of the protocol here as well",
+       [](O& o, const T& v) { o.reports = v; }},
+      {"--verbose", "", "print all that crosses the wire",
+       [](O& o, const T&) { o.verbose = true; }},
+      {"--help", "", "print this text", [](O& o, const T&) { o.help = true; }},
+  };
+}
+
+/// How the line and the phone behind it misbehave.
+Rows FaultOptions() {
+  return {
       {"--echo", "on|off", "AT echo at the start (off)",
        [](O& o, const T& v) { o.behaviour.echo = OnOff(v); }},
       {"--echo-headers", "", "repeat the Name in the first reply to the Get of a file",
@@ -151,6 +167,11 @@ const std::vector<Option>& Table() {
        [](O& o, const T& v) { RefuseObex(o.behaviour, v); }},
       {"--unanswered", "CMD[=K]", "leave an AT command unanswered K times (1)",
        [](O& o, const T& v) { LeaveUnanswered(o.behaviour, v); }},
+  };
+}
+
+Rows BookOptions() {
+  return {
       {"--sim-range", "A-B", "the SIM's locations (1-250); 1-7 are full among the samples",
        [](O& o, const T& v) { SetSimRange(o.behaviour.sim, v); }},
       {"--sim-name", "N", "how long a name on the SIM may be (30)",
@@ -171,6 +192,11 @@ const std::vector<Option>& Table() {
        }},
       {"--plain-plus", "", "contacts and calendar are no UTF-7: + goes out as it is",
        [](O& o, const T&) { o.behaviour.irmc.plainPlus = true; }},
+  };
+}
+
+Rows IdentityOptions() {
+  return {
       {"--battery", "N|charge|drain", "the battery's percentage (85), or a moving one",
        [](O& o, const T& v) { SetBattery(o.behaviour.battery, v); }},
       {"--manufacturer", "T", "the answer to AT+CGMI",
@@ -179,12 +205,17 @@ const std::vector<Option>& Table() {
        [](O& o, const T& v) { o.behaviour.identity.modelCode = v; }},
       {"--model-name", "T", "the answer to AT+GMM",
        [](O& o, const T& v) { o.behaviour.identity.modelName = v; }},
-      {"--reports", "FILE", "write breaches of the protocol here as well",
-       [](O& o, const T& v) { o.reports = v; }},
-      {"--verbose", "", "print all that crosses the wire",
-       [](O& o, const T&) { o.verbose = true; }},
-      {"--help", "", "print this text", [](O& o, const T&) { o.help = true; }},
   };
+}
+
+const Rows& Table() {
+  static const Rows kTable = [] {
+    Rows all;
+    for (const auto& part : {RunningOptions(), FaultOptions(), BookOptions(), IdentityOptions()}) {
+      all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+  }();
   return kTable;
 }
 
@@ -213,7 +244,8 @@ std::string HelpText() {
       "A simulated phone on a pseudo terminal. It runs until SIGTERM or SIGINT.\n\n";
   for (const Option& option : Table()) {
     std::string left = "  " + option.name + (option.value.empty() ? "" : " " + option.value);
-    left.resize(std::max<std::size_t>(left.size() + 1, 31), ' ');
+    if (left.size() >= kHelpColumn) left += "\n" + std::string(kHelpColumn - 1, ' ');
+    left.resize(std::max(left.size() + 1, kHelpColumn), ' ');
     text += left + option.help + "\n";
   }
   return text +

@@ -30,6 +30,7 @@ ObexFault Breach(const std::string& what) { return ObexFault(obex::kBadRequest, 
 
 std::vector<std::string> AddressOf(const Fields& fields, const std::string& place) {
   std::vector<std::string> components;
+  components.reserve(kBeforeStreet + kAddress.size());
   for (const char* part : kAddress) components.push_back(Field(fields, place + part));
   if (std::all_of(components.begin(), components.end(), [](const auto& c) { return c.empty(); })) {
     return {};

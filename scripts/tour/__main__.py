@@ -61,7 +61,7 @@ def main():
         old.unlink()
     chosen = sys.argv[1:] or WALKS
     began = time.monotonic()
-    with stage.session_bus(OUT / "bus.log"), stage.screen():
+    with stage.screen(), stage.session_bus(OUT / "bus.log"):
         bus = screen.connect()
         failed = [name for name in chosen
                   if not take(bus, name, Walk.WHOLE if name == WALKS[0] else Walk.SHORT)]

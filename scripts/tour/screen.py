@@ -11,6 +11,9 @@ from gi.repository import Gio, GLib
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
 COMPONENT = "org.a11y.atspi.Component"
+KEYS = ("org.a11y.atspi.Registry", "/org/a11y/atspi/registry/deviceeventcontroller",
+        "org.a11y.atspi.DeviceEventController")
+ESCAPE = 0xFF1B  # the key's symbol
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 NULL_PATH = "/org/a11y/atspi/null"
 # Bits of the state.
@@ -88,7 +91,11 @@ class Node:
         offered = [name for name, _, _ in self._ask(ACTION, "GetActions")[0]]
         if action not in offered:
             raise Gone(f"“{self.name}” offers {offered}, not {action}")
-        self._ask(ACTION, "DoAction", GLib.Variant("(i)", (offered.index(action),)))
+        # Without waiting for the answer: it comes only when a window that opens is closed again.
+        self.bus.call(self.owner, self.path, ACTION, "DoAction",
+                      GLib.Variant("(i)", (offered.index(action),)), None,
+                      Gio.DBusCallFlags.NONE, CALL_LIMIT, None, None)
+        self.bus.flush_sync()
 
     def all_showing(self):
         """All that is on the screen below this object."""
@@ -119,6 +126,13 @@ def connect():
     flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT |
              Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
     return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+
+
+def press_key(bus, symbol):
+    """As on the keyboard, in whatever has the focus."""
+    press_and_release_symbol = 3
+    ask(bus, *KEYS, "GenerateKeyboardEvent",
+        GLib.Variant("(isu)", (symbol, "", press_and_release_symbol)))
 
 
 def program(bus, process):

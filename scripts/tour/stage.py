@@ -35,7 +35,8 @@ def running(*command, **options):
 
 @contextlib.contextmanager
 def session_bus(log):
-    """A D-Bus session, and a folder of sockets, of the walk's own; the bus's words go to `log`."""
+    """A D-Bus session, and a folder of sockets, of the walk's own; the bus's words go to `log`.
+    What it starts works on the screen that there is by then."""
     reading, writing = os.pipe()
     bus = ("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--print-address={writing}")
     # The paths of sockets have to be short.
@@ -49,15 +50,16 @@ def session_bus(log):
 
 
 @contextlib.contextmanager
-def screen():
-    """An X server without a monitor, with a window manager; DISPLAY leads there."""
+def screen(size=SCREEN_SIZE, *manager):
+    """An X server without a monitor, with a window manager that gets the options `manager`;
+    DISPLAY leads there."""
     reading, writing = os.pipe()
-    server = ("Xvfb", "-displayfd", str(writing), "-screen", "0", SCREEN_SIZE, "-nolisten", "tcp")
+    server = ("Xvfb", "-displayfd", str(writing), "-screen", "0", size, "-nolisten", "tcp")
     with running(*server, pass_fds=[writing], stderr=subprocess.DEVNULL):
         os.close(writing)
         with open(reading, encoding="ascii") as answer:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
-        with running("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL):
+        with running("openbox", *manager, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL):
             yield
 
 
@@ -76,24 +78,31 @@ def grab(*options):
                           stdout=subprocess.PIPE).stdout
 
 
-def take_picture(file):
-    """The windows on the black screen, cut out, as soon as nothing is being painted any more."""
-    before = grab("-trim", "+repage", "ppm:-")
-    for _ in range(4):  # a moving picture never comes to rest
+def still_picture(quiet, limit):
+    """The screen, as soon as nothing was painted for `quiet` seconds, and after `limit` anyway."""
+    end = time.monotonic() + limit
+    before, since = grab("ppm:-"), time.monotonic()
+    while time.monotonic() < min(since + quiet, end):
         time.sleep(0.1)
-        now = grab("-trim", "+repage", "ppm:-")
-        if now == before:
-            break
-        before = now
-    subprocess.run(["convert", "ppm:-", str(file)], input=before, check=True)
+        now = grab("ppm:-")
+        if now != before:
+            before, since = now, time.monotonic()
+    return before
+
+
+def take_picture(file):
+    """The windows on the black screen, cut out; a moving picture never comes to rest."""
+    subprocess.run(["convert", "ppm:-", "-trim", "+repage", str(file)],
+                   input=still_picture(quiet=0.1, limit=0.5), check=True)
 
 
 class Stage:
-    """One walk's program and phone. `folder` is made anew and holds all that they write."""
+    """One walk's program and phone. `folder` is made anew and holds all that they write; they run
+    in the `environment` besides."""
 
-    def __init__(self, build: Path, folder: Path, language_code: str):
+    def __init__(self, build: Path, folder: Path, language_code: str, **environment: str):
         shutil.rmtree(folder, ignore_errors=True)
-        self._build, self._folder = build, folder
+        self._build, self._folder, self._environment = build, folder, environment
         self._link = folder / "data/Tessarin/ports/COM3"
         self._link.parent.mkdir(parents=True)
         registry = folder / "config/Tessarin/registry.ini"
@@ -102,14 +111,14 @@ class Stage:
         self._log = open(folder / "log", "w", encoding="utf-8")
         self.program = self.phone = None
 
-    def _start(self, *command, **more):
+    def _start(self, *command):
         environment = os.environ | {
             "XDG_DATA_HOME": str(self._folder / "data"),
             "XDG_CONFIG_HOME": str(self._folder / "config"),
             "XDG_CACHE_HOME": str(self._folder / "cache"),
             "QT_QPA_PLATFORM": "xcb",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-        } | more
+        } | self._environment
         return subprocess.Popen([str(each) for each in command], env=environment,
                                 stdout=self._log, stderr=self._log)
 

@@ -114,7 +114,7 @@ class User:
         try:
             self._choose("kMenuFile", "kMenuExit")
         except Gone:
-            pass  # it may be gone before it answers; how it went is what counts
+            pass  # it may be gone while its menus are being closed; how it went is what counts
         status = self._stage.program_end(LIMIT)
         if status != 0:
             raise AssertionError(f"the program ended with {status}")

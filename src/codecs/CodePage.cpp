@@ -64,9 +64,21 @@ Text DecodeUtf7(std::string_view bytes) {
   return text;
 }
 
+// The converter leaves the "-" out where it can; a run whose base64 is all digits would then be
+// taken for a telephone number.
+std::string CloseRuns(std::string_view bytes) {
+  std::string closed;
+  for (auto plus = bytes.find('+'); plus != bytes.npos; plus = bytes.find('+')) {
+    const Run run = HeadRun(bytes.substr(plus));
+    closed.append(bytes.substr(0, plus)).append(run.whole).append(run.isClosed ? "" : "-");
+    bytes.remove_prefix(plus + run.whole.size());
+  }
+  return closed.append(bytes);
+}
+
 std::string EncodeUtf7(TextView text) {
-  return Iconv("UTF-7", kNativeUtf16)
-      .Convert(AsBytes(text), AsBytes({&kReplacement, 1}), sizeof kReplacement);
+  return CloseRuns(Iconv("UTF-7", kNativeUtf16)
+                       .Convert(AsBytes(text), AsBytes({&kReplacement, 1}), sizeof kReplacement));
 }
 
 }  // namespace

@@ -11,8 +11,8 @@ namespace tessarin {
 inline constexpr int kUtf7 = 65000;  // RFC 2152
 inline constexpr int kUtf8 = 65001;
 
-// The bytes of `text` in the code page. A surrogate without its partner becomes U+FFFD.
-// Throws ConversionError for another page.
+// The bytes of `text` in the code page. A surrogate without its partner becomes U+FFFD. Each "+"
+// run of UTF-7 is closed by a "-". Throws ConversionError for another page.
 std::string Encode(TextView text, int codePage);
 
 // The text of the bytes. Malformed input never fails:

@@ -2,7 +2,7 @@
 
 #include "calendar/CalendarLists.h"
 #include "codecs/Faults.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

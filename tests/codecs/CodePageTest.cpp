@@ -46,6 +46,13 @@ TEST(CodePage, Utf7EncodesPlainTextAsItself) {
   EXPECT_EQ(Encode(Text{u'a', char16_t{0xD83D}}, kUtf7), "a+//0-");
 }
 
+TEST(CodePage, Utf7ClosesItsRuns) {
+  EXPECT_EQ(Encode(u"é \r\n-+ é-é", kUtf7), "+AOk- \r\n-+- +AOk--+AOk-");
+  const Text digits = u"\uE38D\u76DF\u8E7A\uEFCE, 1";  // base64 that is all digits
+  EXPECT_EQ(Encode(digits, kUtf7), "+44123456784-, 1");
+  EXPECT_EQ(Decode(Encode(digits, kUtf7), kUtf7), digits);
+}
+
 TEST(CodePage, EveryUnitSurvivesUtf7) {
   for (const TextView between : {u"", u"a", u"-", u"+", u" ", u"\uE000"}) {
     Text all;

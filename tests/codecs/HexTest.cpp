@@ -73,7 +73,7 @@ TEST(modHexStr, CodePagesKeepTheTrailingZero) {
   EXPECT_EQ(BytesToStr(HexToBytes("C3A9"), kUtf8), Text(u"é\0", 2));
   EXPECT_EQ(BytesToStr(HexToBytes("2B414F6B2D"), kUtf7), Text(u"é\0", 2));
   EXPECT_EQ(StrToBytes(u"é", kUtf8), (Bytes{0xC3, 0xA9}));
-  EXPECT_EQ(BytesToHex(StrToBytes(u"é\r\n", kUtf7)), "2B414F6B0D0A");
+  EXPECT_EQ(BytesToHex(StrToBytes(u"é\r\n", kUtf7)), "2B414F6B2D0D0A");
   EXPECT_EQ(StrToBytes(u"", kUtf8), Bytes{});
   EXPECT_THROW(StrToBytes(u"", 1252), ConversionError);
 }

@@ -189,8 +189,8 @@ TEST(VCalendarWriter, EscapesLineBreaksAlone) {
       {u"1=1\r\n", u"CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:1=1=0A"},
       {u"a\rb", u"CHARSET=ISO-8859-1:a\rb"},
       {u"李", u"CHARSET=UTF-7:+Z04-"},
-      {u"李+\r\n李", u"CHARSET=UTF-7;ENCODING=QUOTED-PRINTABLE:+Z04AKw=0A+Z04-"},
-      {u"李\nb", u"CHARSET=UTF-7;ENCODING=QUOTED-PRINTABLE:+Z04=0Ab"},
+      {u"李+\r\n李", u"CHARSET=UTF-7;ENCODING=QUOTED-PRINTABLE:+Z04AKw-=0A+Z04-"},
+      {u"李\nb", u"CHARSET=UTF-7;ENCODING=QUOTED-PRINTABLE:+Z04-=0Ab"},
   };
   for (const auto& c : cases) {
     CalendarRecord record = kMeeting;

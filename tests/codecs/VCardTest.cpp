@@ -234,7 +234,7 @@ TEST(VCardEncoder, WritesNamesBeyondOneByteInUtf7) {
   PhoneBookRecord r;
   r.Name = u"Ж+ \U0001F600";
   EXPECT_EQ(Written(r),
-            "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=UTF-7:;+BBYAKw +2D3eAA-\r\nEND:VCARD\r\n");
+            "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=UTF-7:;+BBYAKw- +2D3eAA-\r\nEND:VCARD\r\n");
 }
 
 // When each of the address lines is there, and what the work street goes by.

@@ -4,8 +4,8 @@
 
 #include "core/TextIndex.h"
 #include "core/frmHelp.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <set>
 
 #include "codecs/Faults.h"
 #include "core/TextIndex.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {
@@ -142,6 +143,36 @@ TEST(ShippedLanguages, HaveTheSameTextsWithTheSamePlaceholders) {
       }
     }
   }
+}
+
+TEST(ShippedTexts, HaveWordsForEveryNamedNumber) {
+  std::ifstream header(TESSARIN_TEXT_INDEX);
+  ASSERT_TRUE(header);
+  const std::pair<const char*, int> several[] = {
+      {"First of three", 3}, {"First of six", 6}, {"First of seven", 7}, {"First of twelve", 12}};
+  const modFile files("/nowhere", TESSARIN_SHARE);
+  std::vector<Language> languages(9, Language(files));
+  for (int index = 0; auto& language : languages) language.readLangFile(index++);
+  int found = 0;
+  auto get = &Language::getTSPromptStr;
+  for (std::string line; std::getline(header, line);) {
+    if (line == "namespace error {") get = &Language::getTSErrStr;
+    if (line == "namespace interface_ {") get = &Language::getTSInterfaceStr;
+    const auto equals = line.find(" = ");
+    if (!line.starts_with("inline constexpr int k") || equals == std::string::npos) continue;
+    ++found;
+    int count = 1;
+    for (const auto& [words, number] : several) {
+      if (line.find(words) != std::string::npos) count = number;
+    }
+    EXPECT_EQ(count > 1, line.find("First of") != std::string::npos) << line;
+    for (int index = std::stoi(line.substr(equals + 3)); count > 0; ++index, --count) {
+      for (const Language& language : languages) {
+        EXPECT_FALSE((language.*get)(index).empty()) << language.index() << " " << line;
+      }
+    }
+  }
+  EXPECT_GT(found, 300);
 }
 
 }  // namespace

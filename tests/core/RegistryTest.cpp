@@ -2,8 +2,8 @@
 
 #include "codecs/Faults.h"
 #include "core/regAPI.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/OrdinaryUser.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "phonesim/Server.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

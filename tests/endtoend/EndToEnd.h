@@ -10,8 +10,8 @@
 #include "Program.h"
 #include "core/TextIndex.h"
 #include "phonesim/Server.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 

@@ -6,8 +6,8 @@
 
 #include "codecs/Faults.h"
 #include "link/FolderListing.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/ScriptedPort.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

@@ -10,7 +10,7 @@
 #include "link/OBEX.h"
 #include "link/PosixPort.h"
 #include "phonesim/Server.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "codecs/Faults.h"
 #include "outlook/VdirOutlook.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin::outlook {
 namespace {

@@ -3,8 +3,8 @@
 #include "codecs/Faults.h"
 #include "codecs/modHexStr.h"
 #include "phonebook/PhonebookLists.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/OrdinaryUser.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

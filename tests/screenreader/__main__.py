@@ -41,7 +41,7 @@ def main():
     parser.add_argument("--build", type=Path, required=True)
     parser.add_argument("--out", type=Path, required=True)
     options = parser.parse_args()
-    with (stage.session_bus(options.out / "bus.log"), stage.screen(),
+    with (stage.screen(), stage.session_bus(options.out / "bus.log"),
           stage.Stage(options.build, options.out / "home", "en") as scene):
         bus = screen.connect()
         return 0 if take(Reader(bus, scene, TREE), Reader.STEPS) else 1

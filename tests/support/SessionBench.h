@@ -9,9 +9,9 @@
 #include "core/Supervisor.h"
 #include "core/TessarinMenu.h"
 #include "core/TextIndex.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/PhonePort.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 
