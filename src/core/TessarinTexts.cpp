@@ -21,11 +21,11 @@ struct Column {
   bool visible = true;
 };
 
-const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 240},
-                                               {words::kColumnPhoneSize, 90, true},
-                                               {words::kColumnFileType, 80}};
-const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 200},
-                                                  {words::kColumnComputerSize, 100, true},
+const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
+                                               {words::kColumnPhoneSize, 70, true},
+                                               {words::kColumnFileType, 60}};
+const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 160},
+                                                  {words::kColumnComputerSize, 90, true},
                                                   {words::kColumnFileType, 110},
                                                   {words::kColumnComputerDate, 130}};
 const std::vector<Column> kMessageColumns = {{-1, 30},
@@ -111,9 +111,10 @@ void TessarinMenu::ApplyPanelTexts() {
     StatusBar1.SetAccessibleName(number, word(words::kNameStatusPanels + number - 1));
   }
   const std::pair<Property<Text>*, int> captions[] = {
-      {&cmdPlay.caption, words::kPlay}, {&cmdPause.caption, words::kPause},
-      {&cmdStop.caption, words::kStop}, {&cYear.text, words::kYear},
-      {&cMonth.text, words::kMonth},    {&cDay.text, words::kDay}};
+      {&cmdPlay.caption, words::kPlay},   {&cmdPause.caption, words::kPause},
+      {&cmdStop.caption, words::kStop},   {&cYear.text, words::kYear},
+      {&Check1.caption, words::kPreview}, {&previewLogo.emptyText, words::kPreviewHint},
+      {&cMonth.text, words::kMonth},      {&cDay.text, words::kDay}};
   for (const auto& [shown, index] : captions) *shown = word(index);
 }
 

@@ -1,7 +1,8 @@
-#include "files/FilePage.h"
+#include <cstring>
 
 #include "codecs/Faults.h"
-#include "tests/support/SessionBench.h"
+#include "tests/files/FilePagesBench.h"
+#include "tests/support/ComputerTree.h"
 
 namespace tessarin {
 namespace {
@@ -19,48 +20,34 @@ TEST(PhoneFileRow, SplitsANameAtItsLastPoint) {
       {u"README", u"README", u"", "file"},
       {u"a.", u"a", u"", "file"},
       {u".hidden", u"", u"hidden", "file"},
-      {u"..", u".", u"", "file"},
       {u"山水.gif", u"山水", u"gif", "file-image"},
   };
   for (const auto& c : cases) {
     const ListRow row = PhoneFileRow(c.name, u"12");
     EXPECT_EQ(row.cells, (std::vector<Text>{c.stem, u"12", c.extension})) << ToUtf8(c.name);
     EXPECT_EQ(row.image, c.image) << ToUtf8(c.name);
+    const Text whole = c.name == Text(u"a.") ? u"a" : c.name;
+    EXPECT_EQ(WholeName(row), whole) << "only a point at the end is lost";
   }
 }
 
-class FilePageTest : public SessionBench {
+class FilePageTest : public FilePagesBench {
  protected:
   FilePageTest() {
-    session.AddPage(page_);
-    Put("Phone/Other/empty.txt", "");
-    Put("Phone/Other/README", "12345");
-    Put("Phone/Sounds & <more>/Колыбельная.v2.mid", "MThd");
+    PutOnPhone("Phone/Other/empty.txt", "");
+    PutOnPhone("Phone/Other/README", "12345");
+    PutOnPhone("Phone/Sounds & <more>/Колыбельная.v2.mid", "MThd");
     StartAndConnect();
   }
-  void Put(const std::string& name, const std::string& content) const {
-    std::filesystem::create_directories((folder.Path() / "phone" / name).parent_path());
-    folder.Write("phone/" + name, content);
-  }
-
-  // A click, and the tick that does what it asked for.
+  // On the computer's side in a folder of the test's own.
   void Open() {
-    host.RunEvent([this] { session.Toolbar2.clicked("File"); });
-    Tick(session.Timer1);
+    FilePagesBench::Open("File");
+    std::filesystem::create_directories(received_);
+    OpenOnComputer(host, session.tvwPCDir, received_);
+    ASSERT_EQ(pages.Page(MediaKind::File).computer().SelectedFolder(), received_);
   }
-  void Enter(TextView key) {
-    host.RunEvent([&] { session.tvwPhoneDir.SelectByUser(key); });
-    Tick(session.Timer1);
-  }
-
-  // The list, one file a word.
-  std::string Files() const {
-    std::string list;
-    for (const ListRow& row : session.lvwPhoneFile.rows()) {
-      list += ToUtf8(row.cells[0] + u"|" + row.cells[1] + u"|" + row.cells[2]) + " ";
-    }
-    return list;
-  }
+  void Enter(TextView key) { FilePagesBench::Enter(session.tvwPhoneDir, key); }
+  std::string Files() const { return FilePagesBench::Files(session.lvwPhoneFile); }
   std::string ChildrenOf(TextView key) const {
     std::string children;
     for (const auto& child : session.tvwPhoneDir.Find(key)->children) {
@@ -68,16 +55,13 @@ class FilePageTest : public SessionBench {
     }
     return children;
   }
-  // The phone is in AT mode and the program idle, as between any two ticks.
   void ExpectIdle() const {
-    EXPECT_EQ(session.commandState, job::kIdlePoll);
-    EXPECT_FALSE(phone.InObexMode());
-    EXPECT_EQ(host.Find("frmSplashTransmission"), nullptr);
+    FilePagesBench::ExpectIdle();
     EXPECT_TRUE(session.tvwPhoneDir.enabled);
   }
 
-  frmSplashTransmission busyWindow_{session};
-  FilePage page_{session, link, busyWindow_};
+  const std::filesystem::path received_ = folder.Path() / "deep/in";
+  PhonePane& page_ = pages.Page(MediaKind::File).phone();
 };
 
 TEST_F(FilePageTest, WalksThePhonesFolders) {
@@ -164,25 +148,125 @@ TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnd
   Open();
   EXPECT_EQ(moving, "\\data transfer MPtoPC.avi plays");
   EXPECT_EQ(host.boxes.size(), 1u);
-  EXPECT_FALSE(busyWindow_.IsLoaded());
-  EXPECT_FALSE(busyWindow_.Animation1.playing);
+  EXPECT_FALSE(busyWindow.IsLoaded());
+  EXPECT_FALSE(busyWindow.Animation1.playing);
   EXPECT_TRUE(host.IsEnding());
+}
+
+TEST_F(FilePageTest, AHostileNameNeverLeavesTheFolder) {
+  PutOnPhone("Phone/Evil/aaaevil", "evil");
+  PutOnPhone("Phone/Evil/aa", "evil");
+  Open();
+  Enter(u"Phone");
+  port.spoil = [](std::string& sent) {
+    for (const auto& [from, to] : {std::pair{"\"aaaevil\"", "\"../evil\""}, {"\"aa\"", "\"..\""}}) {
+      const auto place = sent.find(from);
+      if (place != std::string::npos) sent.replace(place, std::strlen(from), to);
+    }
+  };
+  Enter(u"Phone\\Evil");
+  ASSERT_EQ(session.lvwPhoneFile.Count(), 2);
+  for (int row = 0; row < 2; ++row) {
+    EXPECT_FALSE(
+        fileService.FetchFile("00000000", WholeName(session.lvwPhoneFile.Row(row)), received_));
+    Choose(session.lvwPhoneFile, session.lvwPhoneFile.Cell(row, 0));
+    Press(session.icoDownload);
+  }
+  EXPECT_EQ(Boxes(), std::vector<Text>(2, Error(text::error::kReceiveFile)));
+  EXPECT_EQ(folder.Read("deep/evil"), "(none)");
+  ExpectIdle();
+}
+
+TEST_F(FilePageTest, ADropDoesWhatTheArrowDoesWithItsRules) {
+  PutOnPhone("Phone/Ringtones/Ode.mid", "MThd");
+  const auto song = folder.Write("song.mid", "MThd song");
+  const auto text = folder.Write("text.txt", "text");
+  OpenAndSearch("Ringtone", session.timerRingtone);
+  const auto drop = [&](const std::vector<std::filesystem::path>& dropped) {
+    host.RunEvent([&] { session.lvwPhoneRingtone.filesDropped(dropped); });
+    Tick(session.Timer1);
+    return Boxes();
+  };
+  using Told = std::vector<Text>;
+  EXPECT_EQ(drop({text}), Told{Word(text::interface_::kFileNotTaken)});
+  EXPECT_EQ(drop({folder.Path()}), Told{Word(text::interface_::kFileNotTaken)});
+  EXPECT_EQ(drop({song, song}), Told{Word(text::interface_::kOneFileAtATime)});
+  EXPECT_EQ(drop({song}), Told{Prompt(text::prompt::kFileSent)});
+  EXPECT_EQ(folder.Read("phone/Phone/Ringtones/song.mid"), "MThd song");
+  host.answers = {Answer::Cancel};
+  Choose(session.lvwPhoneRingtone, u"Ode");
+  PutOnComputer("Ringtone/ODE.MID", "here already");
+  FilePagesBench::Open("Ringtone");
+  Tick(session.timerRingtone);
+  Choose(session.lvwPhoneRingtone, u"Ode");
+  host.RunEvent([this] { session.lvwPCRingtone.rowsDropped(session.lvwPhoneRingtone); });
+  EXPECT_EQ(Boxes(), Told{Prompt(text::prompt::kReplaceFile)});
+  EXPECT_EQ(session.commandState, job::kIdlePoll);
+  Choose(session.lvwPCRingtone, u"ODE.MID");
+  host.RunEvent([this] { session.lvwPhoneRingtone.rowsDropped(session.lvwPCRingtone); });
+  Tick(session.Timer1);
+  EXPECT_EQ(Boxes(), (Told{Prompt(text::prompt::kReplaceFile), Prompt(text::prompt::kFileSent)}));
+  EXPECT_EQ(folder.Read("phone/Phone/Ringtones/ODE.MID"), "here already");
+}
+
+TEST_F(FilePageTest, DeleteAsksReadsAgainAndLeavesTheFile) {
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  EXPECT_FALSE(session.Toolbar1.Find("Delete")->enabled);
+  Choose(session.lvwPhoneFile, u"README");
+  EXPECT_TRUE(session.Toolbar1.Find("Delete")->enabled);
+  host.answers = {Answer::Cancel, Answer::Ok};
+  const auto press = [this] { host.RunEvent([this] { session.Toolbar1.clicked("Delete"); }); };
+  press();
+  EXPECT_EQ(session.commandState, job::kIdlePoll);
+  press();
+  EXPECT_EQ(session.commandState, job::kLoadFolder);
+  EXPECT_EQ(Boxes(), std::vector<Text>(2, Prompt(text::prompt::kDeleteFile)));
+  EXPECT_EQ(folder.Read("phone/Phone/Other/README"), "12345");
+}
+
+// What a fetch is, how far it is, and how fast.
+TEST_F(FilePageTest, TheBusyWindowShowsNameBytesAndRate) {
+  PutOnPhone("Phone/Other/" + std::string(200, 'n') + ".bin", std::string(3 << 20, 'x'));
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  Choose(session.lvwPhoneFile, Text(200, u'n'));
+  std::vector<Text> amounts;
+  int most = 0;
+  Connection follow = busyWindow.lblAmount.changed.Connect([&] {
+    amounts.push_back(busyWindow.lblAmount.text);
+    most = std::max(most, busyWindow.prgTransfer.value());
+    EXPECT_TRUE(busyWindow.lblAmount.visible);
+  });
+  Press(session.icoDownload);
+  EXPECT_EQ(busyWindow.Label1.text(),
+            Word(text::interface_::kTransferReceiving) + Text(200, u'n') + u".bin");
+  ASSERT_FALSE(amounts.empty());
+  EXPECT_TRUE(amounts.back().starts_with(u"3.0 MB of 3.0 MB")) << ToUtf8(amounts.back());
+  EXPECT_TRUE(amounts.back().ends_with(u" per second")) << ToUtf8(amounts.back());
+  EXPECT_EQ(most, 1000);
+  EXPECT_EQ(std::filesystem::file_size(received_ / (std::string(200, 'n') + ".bin")), 3U << 20);
+  follow = Connection();
+  busyWindow.PhoneToPc(worker::kFileLoading, u"");
+  EXPECT_FALSE(busyWindow.lblAmount.visible || busyWindow.prgTransfer.visible);
 }
 
 // A transfer of this page starts straight from the click, outside any tick.
 TEST_F(FilePageTest, AWorkerHoldsTheTicksBackByItself) {
   Text label;
-  busyWindow_.workers().Set(worker::kDownloading, [&] {
-    label = busyWindow_.Label1.text();
+  busyWindow.workers().Set(worker::kDownloading, [&] {
+    label = busyWindow.Label1.text();
     EXPECT_TRUE(session.IsBusy());
   });
   host.RunEvent([this] {
-    busyWindow_.PhoneToPc(worker::kDownloading, u"Ode.mid");
-    busyWindow_.Work();
+    busyWindow.PhoneToPc(worker::kDownloading, u"Ode.mid");
+    busyWindow.Work();
   });
   EXPECT_EQ(label, Word(text::interface_::kTransferReceiving) + u"Ode.mid");
   EXPECT_FALSE(session.IsBusy());
-  EXPECT_FALSE(busyWindow_.IsLoaded());
+  EXPECT_FALSE(busyWindow.IsLoaded());
 }
 
 }  // namespace

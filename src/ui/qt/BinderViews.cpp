@@ -2,7 +2,7 @@
 
 #include <QHeaderView>
 #include <QItemSelection>
-#include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTableView>
 #include <QTreeView>
@@ -12,29 +12,11 @@
 #include "ui/qt/Binder.h"
 #include "ui/qt/Convert.h"
 #include "ui/qt/Models.h"
+#include "ui/qt/RowsWidget.h"
 
 namespace tessarin {
 
 namespace {
-
-// A list that says in its middle why it is empty.
-class RowsWidget : public QTreeView {
- public:
-  RowsWidget(const ListView& list, QWidget* parent) : QTreeView(parent), list_(list) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QTreeView::paintEvent(event);
-    if (list_.Count() > 0 || list_.emptyText->empty()) return;
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
-                     Qt::AlignCenter | Qt::TextWordWrap, ToQt(list_.emptyText));
-  }
-
- private:
-  const ListView& list_;
-};
 
 // A tree that knows whether the press of the mouse just chose a node: the click that follows must
 // not choose it once more.
@@ -117,7 +99,7 @@ void ShowNodes(const std::vector<std::unique_ptr<TreeNode>>& nodes, TreeModel& m
 }  // namespace
 
 QTreeView* Binder::Bind(ListView& list) {
-  auto* widget = new RowsWidget(list, &top_);
+  auto* widget = new RowsWidget(list, &top_, [this](const auto& act) { Act(act); });
   auto* model = new ListModel(list, widget);
   widget->setModel(model);
   views_.push_back(widget);
@@ -129,6 +111,8 @@ QTreeView* Binder::Bind(ListView& list) {
     widget->setSelectionMode(list.multipleSelection ? QAbstractItemView::ExtendedSelection
                                                     : QAbstractItemView::SingleSelection);
     widget->setAccessibleDescription(list.Count() == 0 ? ToQt(list.emptyText) : QString());
+    widget->setDragEnabled(list.givesRows);
+    widget->setAcceptDrops(list.takesRows || list.takesFiles);
     ShowColumns(list, *widget, *shown);
     ShowSelection(list, *widget);
     widget->viewport()->update();
@@ -140,6 +124,7 @@ QTreeView* Binder::Bind(ListView& list) {
               rows.push_back(index.row());
             }
             Act([&] { list.SelectByUser(rows, widget->currentIndex().row()); });
+            widget->Chosen();
           });
   connect(widget, &QTreeView::activated, this, [this, &list] { Act([&] { list.activated(); }); });
   connect(widget->header(), &QHeaderView::sectionClicked, this,
@@ -159,12 +144,19 @@ QTreeView* Binder::Bind(TreeView& tree) {
   // By rows, Qt takes a node's place among its siblings for its place in the whole tree when a
   // screen reader selects it. There is one column, so this looks the same.
   widget->setSelectionBehavior(QAbstractItemView::SelectItems);
-  BindState(tree, *widget, [&tree, widget, model] {
+  auto shown = std::make_shared<Text>();
+  BindState(tree, *widget, [&tree, widget, model, shown] {
     const QSignalBlocker quiet(widget);
     const QSignalBlocker quietSelection(widget->selectionModel());
+    const int place = widget->verticalScrollBar()->value();
     model->Reset();
     ShowNodes(tree.roots(), *model, *widget);
-    widget->setCurrentIndex(model->IndexOf(tree.Find(tree.SelectedKey())));
+    const auto current = model->IndexOf(tree.Find(tree.SelectedKey()));
+    widget->setCurrentIndex(current);
+    widget->verticalScrollBar()->setValue(place);
+    // A node that was just selected is brought into view; what the user has scrolled to stays.
+    if (*shown != tree.SelectedKey()) widget->scrollTo(current);
+    *shown = tree.SelectedKey();
     widget->viewport()->update();
   });
   const auto chosen = [this, &tree](const QModelIndex& index) {
