@@ -30,15 +30,19 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
       supervisor_(session_, link_),
       filePage_(session_, link_, busyWindow_),
       phonebookLists_(files_),
-      phonebookPage_(session_, link_, busyWindow_, phonebookLists_) {
+      phonebookPage_(session_, link_, busyWindow_, phonebookLists_),
+      calendarLists_(files_, language_, clock_),
+      calendarPage_(session_, link_, busyWindow_, calendarLists_) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
+  session_.AddPart(calendarLists_);
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(filePage_);
   session_.AddPage(phonebookPage_);
+  session_.AddPage(calendarPage_);
   for (int panel = 1; panel < kStartPanel; ++panel) {
-    if (panel == kPhonebookPanel) continue;
+    if (panel == kPhonebookPanel || panel == kCalendarPanel) continue;
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
     session_.AddPage(*plainPages_.back());
   }

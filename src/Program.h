@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "calendar/CalendarLists.h"
+#include "calendar/CalendarPage.h"
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/WindowHost.h"
@@ -47,6 +49,8 @@ class Program {
   FilePage& filePage() { return filePage_; }
   PhonebookPage& phonebookPage() { return phonebookPage_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
+  CalendarPage& calendarPage() { return calendarPage_; }
+  CalendarLists& calendarLists() { return calendarLists_; }
   const PhoneLink& link() const { return link_; }
 
  private:
@@ -70,6 +74,8 @@ class Program {
   FilePage filePage_;
   PhonebookLists phonebookLists_;
   PhonebookPage phonebookPage_;
+  CalendarLists calendarLists_;
+  CalendarPage calendarPage_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 
