@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "codecs/ATMessages.h"
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/WindowHost.h"
@@ -21,6 +22,8 @@
 #include "files/frmSplashTransmission.h"
 #include "link/PortMap.h"
 #include "link/PosixPort.h"
+#include "messages/SmsPage.h"
+#include "messages/frmComposeSMS.h"
 #include "phonebook/PhonebookLists.h"
 #include "phonebook/PhonebookPage.h"
 
@@ -47,9 +50,14 @@ class Program {
   FilePage& filePage() { return filePage_; }
   PhonebookPage& phonebookPage() { return phonebookPage_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
+  SmsPage& smsPage() { return smsPage_; }
+  frmComposeSMS& composer() { return composer_; }
   const PhoneLink& link() const { return link_; }
 
  private:
+  void ChooseRecipients();
+  Text NameOfNumber(const Text& number) const;
+
   WindowHost& host_;
   modFile files_;
   regAPI registry_;
@@ -70,6 +78,9 @@ class Program {
   FilePage filePage_;
   PhonebookLists phonebookLists_;
   PhonebookPage phonebookPage_;
+  ATMessages messages_;
+  frmComposeSMS composer_;
+  SmsPage smsPage_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 

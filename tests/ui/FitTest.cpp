@@ -19,9 +19,12 @@
 #include "Program.h"
 #include "core/Asking.h"
 #include "core/PageTable.h"
+#include "core/TextIndex.h"
 #include "core/bar.h"
 #include "core/frmAbout.h"
 #include "core/frmPhoneInfo.h"
+#include "messages/frmAddTextTemplate.h"
+#include "phonebook/frmAddGroup.h"
 #include "ui/qt/Convert.h"
 #include "ui/qt/QtWindowHost.h"
 #include "ui/windows/Layouts.h"
@@ -181,6 +184,30 @@ TEST_P(FitTest, Dialogs) {
                   {{u"Fax", u"0123456789012345678901234567890123456789"}});
   for (Window* window :
        std::initializer_list<Window*>{&asking, &progress, &about, &info, &contact, &copy}) {
+    window->Show(Modality::Modeless);
+    ExpectWordsFit(*window);
+    window->Unload();
+  }
+}
+
+TEST_P(FitTest, MessageWindows) {
+  auto& composer = program_->composer();
+  composer.SetVariable(u"+491234567", Text(400, u'x'));
+  composer.Show(Modality::Modeless);
+  composer.lblSending.text =
+      session().language().Filled(text::interface_::kComposerSending, {Text(u"10"), Text(u"12")});
+  ExpectWordsFit(composer);
+  for (Button* side : {&composer.Command2, &composer.Label5, &composer.Label6}) {
+    side->clicked();
+    ExpectWordsFit(composer);
+  }
+  composer.Unload();
+  Text result;
+  frmAddTextTemplate editor(host_, session().language(), result);
+  editor.initializeForm(u"");
+  const clsT610ContactList none;
+  frmAddGroup group(host_, session().language(), none, composer.Text1);
+  for (Window* window : std::initializer_list<Window*>{&editor, &group}) {
     window->Show(Modality::Modeless);
     ExpectWordsFit(*window);
     window->Unload();

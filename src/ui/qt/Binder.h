@@ -17,6 +17,7 @@
 #include "controls/Menu.h"
 #include "controls/OptionButton.h"
 #include "controls/StatusBar.h"
+#include "controls/TextEditor.h"
 #include "controls/Toolbar.h"
 #include "controls/TreeView.h"
 
@@ -53,6 +54,7 @@ class Binder : public QObject {
   QLabel* Bind(Label& label);
   QLineEdit* Bind(TextBox& box);
   QPlainTextEdit* BindMultiLine(TextBox& box);
+  QPlainTextEdit* Bind(TextEditor& editor);
   QPushButton* Bind(Button& button);
   QCheckBox* Bind(CheckBox& box);
   QRadioButton* Bind(OptionButton& option);

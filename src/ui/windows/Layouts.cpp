@@ -8,7 +8,10 @@
 #include "core/frmPhoneInfo.h"
 #include "core/frmSplashFindCOM.h"
 #include "files/frmSplashTransmission.h"
+#include "messages/frmAddTextTemplate.h"
+#include "messages/frmComposeSMS.h"
 #include "phonebook/frmAddContact.h"
+#include "phonebook/frmAddGroup.h"
 #include "phonebook/frmCopyToSIM.h"
 
 namespace tessarin {
@@ -33,6 +36,9 @@ std::vector<Layout> AllLayouts() {
       Of<frmAbout>("frmAbout", Kind::Dialog),
       Of<frmAddContact>("frmAddContact", Kind::Dialog),
       Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
+      Of<frmAddGroup>("frmAddGroup", Kind::Dialog),
+      Of<frmAddTextTemplate>("frmAddTextTemplate", Kind::Dialog),
+      Of<frmComposeSMS>("frmComposeSMS", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
