@@ -1,8 +1,9 @@
 #include "Program.h"
 
-#include "core/PageTable.h"
 #include "core/SubMain.h"
 #include "core/TextIndex.h"
+#include "phonebook/NumberLookup.h"
+#include "phonebook/frmAddGroup.h"
 
 namespace tessarin {
 
@@ -33,7 +34,11 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
       phonebookLists_(files_),
       phonebookPage_(session_, link_, busyWindow_, phonebookLists_),
       calendarLists_(files_, language_, clock_),
-      calendarPage_(session_, link_, busyWindow_, calendarLists_) {
+      calendarPage_(session_, link_, busyWindow_, calendarLists_),
+      messages_(com_),
+      composer_(session_, messages_),
+      smsPage_(session_, messages_, busyWindow_, composer_,
+               [this](const Text& number) { return NameOfNumber(number); }) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(calendarLists_);
@@ -41,10 +46,21 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(phonebookPage_);
   session_.AddPage(calendarPage_);
-  for (const int panel : {1}) {
-    plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
-    session_.AddPage(*plainPages_.back());
-  }
+  session_.AddPage(smsPage_);
+  composer_.SetPicker([this] { ChooseRecipients(); });
+}
+
+// The composer stands below the phonebook, so the way up leads through here.
+void Program::ChooseRecipients() {
+  const clsT610ContactList none;
+  const auto& contacts = phonebookLists_.phoneContacts;
+  frmAddGroup window(host_, language_, contacts == nullptr ? none : *contacts, composer_.Text1);
+  window.Show(Modality::Modal);
+}
+
+Text Program::NameOfNumber(const Text& number) const {
+  const auto& contacts = phonebookLists_.phoneContacts;
+  return contacts == nullptr ? Text() : NameOf(*contacts, number);
 }
 
 void Program::Start() {

@@ -4,17 +4,15 @@
 // toolkit. The desktop program and the end-to-end tests stand on it alike.
 
 #include <filesystem>
-#include <memory>
-#include <vector>
 
 #include "calendar/CalendarLists.h"
 #include "calendar/CalendarPage.h"
+#include "codecs/ATMessages.h"
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/WindowHost.h"
 #include "core/Language.h"
 #include "core/PhoneLink.h"
-#include "core/PlainPage.h"
 #include "core/Supervisor.h"
 #include "core/TessarinMenu.h"
 #include "core/frmHelp.h"
@@ -25,6 +23,8 @@
 #include "files/frmSplashTransmission.h"
 #include "link/PortMap.h"
 #include "link/PosixPort.h"
+#include "messages/SmsPage.h"
+#include "messages/frmComposeSMS.h"
 #include "phonebook/PhonebookLists.h"
 #include "phonebook/PhonebookPage.h"
 
@@ -56,9 +56,14 @@ class Program {
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   CalendarPage& calendarPage() { return calendarPage_; }
   CalendarLists& calendarLists() { return calendarLists_; }
+  SmsPage& smsPage() { return smsPage_; }
+  frmComposeSMS& composer() { return composer_; }
   const PhoneLink& link() const { return link_; }
 
  private:
+  void ChooseRecipients();
+  Text NameOfNumber(const Text& number) const;
+
   WindowHost& host_;
   modFile files_;
   regAPI registry_;
@@ -83,7 +88,9 @@ class Program {
   PhonebookPage phonebookPage_;
   CalendarLists calendarLists_;
   CalendarPage calendarPage_;
-  std::vector<std::unique_ptr<PlainPage>> plainPages_;
+  ATMessages messages_;
+  frmComposeSMS composer_;
+  SmsPage smsPage_;
 };
 
 }  // namespace tessarin

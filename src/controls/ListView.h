@@ -23,6 +23,7 @@ struct ListRow {
   std::string key;          // may be empty
   std::vector<Text> cells;  // cell 0 is the row's text, the others its sub-items
   std::string image;        // an icon's name, or empty
+  Text toolTip;             // of the whole row; the cells' own texts where it is empty
   bool selected = false;
   bool bold = false;
 };

@@ -19,10 +19,13 @@
 #include "Program.h"
 #include "core/Asking.h"
 #include "core/PageTable.h"
+#include "core/TextIndex.h"
 #include "core/bar.h"
 #include "core/frmAbout.h"
 #include "core/frmPhoneInfo.h"
 #include "files/frmOverwrite.h"
+#include "messages/frmAddTextTemplate.h"
+#include "phonebook/frmAddGroup.h"
 #include "ui/qt/Convert.h"
 #include "ui/qt/QtWindowHost.h"
 #include "ui/windows/Layouts.h"
@@ -218,6 +221,30 @@ TEST_P(FitTest, TheQuestionBeforeAContactIsReplaced) {
   replace.Show(Modality::Modeless);
   ExpectWordsFit(replace);
   replace.Unload();
+}
+
+TEST_P(FitTest, MessageWindows) {
+  auto& composer = program_->composer();
+  composer.SetVariable(u"+491234567", Text(400, u'x'));
+  composer.Show(Modality::Modeless);
+  composer.lblSending.text =
+      session().language().Filled(text::interface_::kComposerSending, {Text(u"10"), Text(u"12")});
+  ExpectWordsFit(composer);
+  for (Button* side : {&composer.Command2, &composer.Label5, &composer.Label6}) {
+    side->clicked();
+    ExpectWordsFit(composer);
+  }
+  composer.Unload();
+  Text result;
+  frmAddTextTemplate editor(host_, session().language(), result);
+  editor.initializeForm(u"");
+  const clsT610ContactList none;
+  frmAddGroup group(host_, session().language(), none, composer.Text1);
+  for (Window* window : std::initializer_list<Window*>{&editor, &group}) {
+    window->Show(Modality::Modeless);
+    ExpectWordsFit(*window);
+    window->Unload();
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryLanguage, FitTest, testing::Range(0, 9), [](const auto& language) {

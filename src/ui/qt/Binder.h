@@ -18,6 +18,7 @@
 #include "controls/OptionButton.h"
 #include "controls/StatusBar.h"
 #include "controls/Steppers.h"
+#include "controls/TextEditor.h"
 #include "controls/Toolbar.h"
 #include "controls/TreeView.h"
 
@@ -57,6 +58,7 @@ class Binder : public QObject {
   QLabel* BindElided(Label& label);
   QLineEdit* Bind(TextBox& box);
   QPlainTextEdit* BindMultiLine(TextBox& box);
+  QPlainTextEdit* Bind(TextEditor& editor);
   QPushButton* Bind(Button& button);
   QCheckBox* Bind(CheckBox& box);
   QRadioButton* Bind(OptionButton& option);

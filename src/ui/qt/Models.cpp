@@ -46,8 +46,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   const ListRow& row = list_.Row(index.row());
   switch (role) {
     case Qt::DisplayRole:
+      // A row is one line high.
+      return ToQt(list_.Cell(index.row(), index.column())).replace(u'\n', u' ');
     case Qt::ToolTipRole:
-      return ToQt(list_.Cell(index.row(), index.column()));
+      return ToQt(row.toolTip.empty() ? list_.Cell(index.row(), index.column()) : row.toolTip);
     case Qt::DecorationRole:
       return index.column() == 0 ? QVariant(Icon(row.image)) : QVariant();
     case Qt::FontRole:

@@ -10,7 +10,10 @@
 #include "core/frmSplashFindCOM.h"
 #include "files/frmOverwrite.h"
 #include "files/frmSplashTransmission.h"
+#include "messages/frmAddTextTemplate.h"
+#include "messages/frmComposeSMS.h"
 #include "phonebook/frmAddContact.h"
+#include "phonebook/frmAddGroup.h"
 #include "phonebook/frmCopyToSIM.h"
 
 namespace tessarin {
@@ -36,6 +39,9 @@ std::vector<Layout> AllLayouts() {
       Of<frmAddContact>("frmAddContact", Kind::Dialog),
       Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
       Of<frmAddEvent>("frmAddEvent", Kind::Dialog),
+      Of<frmAddGroup>("frmAddGroup", Kind::Dialog),
+      Of<frmAddTextTemplate>("frmAddTextTemplate", Kind::Dialog),
+      Of<frmComposeSMS>("frmComposeSMS", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmOverwrite>("frmOverwrite", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),

@@ -2,6 +2,7 @@
 #include <QSplitter>
 #include <QTreeView>
 
+#include "ui/qt/Convert.h"
 #include "ui/windows/PageLayouts.h"
 #include "ui/windows/PageParts.h"
 
@@ -13,7 +14,10 @@ void LayOutSmsPage(TessarinMenu& window, QWidget& panel, Binder& bind) {
       Splitter(Qt::Vertical, {bind.Bind(window.tvwPhoneSMS), bind.Bind(window.tvwPCSMS)});
   auto* text = bind.BindMultiLine(window.rtbSMS);
   text->setReadOnly(true);
+  bind.Follow(window.rtbSMS,
+              [&window, text] { text->setPlaceholderText(ToQt(window.rtbSMS.toolTip)); });
   auto* messages = Splitter(Qt::Vertical, {bind.Bind(window.lvwPhoneSMS), text});
+  messages->setSizes({300, 200});
   auto* both = Splitter(Qt::Horizontal, {folders, messages});
   both->setSizes({240, 760});
   column->addWidget(both, 1);

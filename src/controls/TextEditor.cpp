@@ -1,0 +1,19 @@
+#include "controls/TextEditor.h"
+
+#include <algorithm>
+
+namespace tessarin {
+
+bool TextEditor::Insert(TextView piece) {
+  Text whole = text;
+  if (maximumLength > 0 && whole.size() + piece.size() > static_cast<std::size_t>(maximumLength)) {
+    return false;
+  }
+  const auto place = std::min(static_cast<std::size_t>(std::max(caret(), 0)), whole.size());
+  whole.insert(place, piece);
+  text = std::move(whole);
+  caret = static_cast<int>(place + piece.size());
+  return true;
+}
+
+}  // namespace tessarin

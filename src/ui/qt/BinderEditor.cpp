@@ -1,0 +1,85 @@
+// The binding of a text box that knows where the user is writing.
+
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "controls/WindowHost.h"
+#include "ui/qt/Binder.h"
+#include "ui/qt/Convert.h"
+
+namespace tessarin {
+
+namespace {
+
+// What passes between a control and its widget.
+struct Sync {
+  bool reading = false;  // the control is taking over what the user did
+  QString text;          // of the control, when both were last made equal
+};
+
+// What the logic wrote can be undone like what the user did.
+void ShowText(QPlainTextEdit& widget, const QString& text, Sync& sync) {
+  if (sync.text == text) return;
+  QTextCursor cursor(widget.document());
+  cursor.select(QTextCursor::Document);
+  cursor.insertText(text);
+  sync.text = text;
+}
+
+void ShowCaret(QPlainTextEdit& widget, int caret) {
+  QTextCursor cursor = widget.textCursor();
+  if (cursor.selectionEnd() == caret) return;
+  cursor.setPosition(std::clamp(caret, 0, widget.document()->characterCount() - 1));
+  widget.setTextCursor(cursor);
+}
+
+// Takes what does not fit out of the text just in front of `caret`, where it came in, and moves the
+// caret there.
+void CutToLength(Text& text, int& caret, int limit) {
+  const int excess = static_cast<int>(text.size()) - limit;
+  if (limit <= 0 || excess <= 0) return;
+  caret = std::max(caret - excess, 0);
+  text.erase(static_cast<std::size_t>(caret), static_cast<std::size_t>(excess));
+}
+
+}  // namespace
+
+QPlainTextEdit* Binder::Bind(TextEditor& editor) {
+  auto* widget = new QPlainTextEdit(&top_);
+  widget->setTabChangesFocus(true);
+  auto sync = std::make_shared<Sync>();
+  const auto show = [&editor, widget, sync] {
+    if (sync->reading) return;
+    const QSignalBlocker quiet(widget);
+    ShowText(*widget, ToQt(editor.text), *sync);
+    ShowCaret(*widget, editor.caret);
+  };
+  BindState(editor, *widget, show);
+  connect(widget, &QPlainTextEdit::textChanged, this, [this, &editor, widget, show, sync] {
+    Act([&] {
+      sync->text = widget->toPlainText();
+      Text text = FromQt(sync->text);
+      int caret = widget->textCursor().position();
+      CutToLength(text, caret, editor.maximumLength);
+      sync->reading = true;
+      editor.text = std::move(text);
+      editor.caret = caret;
+      sync->reading = false;
+      show();
+      editor.edited();
+    });
+  });
+  const auto moved = [this, &editor, widget, sync] {
+    Act([&] {
+      sync->reading = true;
+      editor.caret = widget->textCursor().selectionEnd();
+      sync->reading = false;
+    });
+  };
+  connect(widget, &QPlainTextEdit::selectionChanged, this, moved);
+  connect(widget, &QPlainTextEdit::cursorPositionChanged, this, moved);
+  return widget;
+}
+
+}  // namespace tessarin
