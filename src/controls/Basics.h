@@ -54,6 +54,8 @@ class Picture : public Control {
  public:
   using Control::Control;
   Property<std::string> image{changed};  // an icon's name, or empty
+  Property<Bytes> content{changed};      // a picture file, shown in place of the icon
+  Property<Text> emptyText{changed};     // what stands where there is neither
 };
 
 // A moving picture. It gets the name of a film file ("\FindCOM.avi"), and the drawn film of that

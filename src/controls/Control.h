@@ -33,6 +33,10 @@ class Control {
 
   Signal<> contextMenuRequested;  // the user asked for the control's menu
 
+  // Gives the control the keyboard's focus, if it can be seen and is enabled.
+  void SetFocus() { focusWanted(); }
+  Signal<> focusWanted;  // for the toolkit
+
  private:
   std::string name_;
 };

@@ -40,6 +40,25 @@ void ListView::SetCell(int row, int column, Text text) {
   changed();
 }
 
+void ListView::Order(const std::vector<int>& order) {
+  std::vector<ListRow> ordered(rows_.size());
+  std::vector<bool> taken(rows_.size());
+  if (order.size() != rows_.size()) throw BoundsError();
+  int current = -1;
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    const auto from = static_cast<std::size_t>(order[place]);
+    if (from >= taken.size() || taken[from]) throw BoundsError();
+    taken[from] = true;
+    if (order[place] == current_) current = static_cast<int>(place);
+  }
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    ordered[place] = std::move(rows_[static_cast<std::size_t>(order[place])]);
+  }
+  rows_ = std::move(ordered);
+  current_ = current;
+  changed();
+}
+
 void ListView::SetCurrent(int index) {
   if (index != -1) At(index);
   for (auto& row : rows_) row.selected = false;

@@ -3,6 +3,7 @@
 // A list of rows in columns, as of files or contacts. The rows lie here; a toolkit shows them
 // through a model that reads them, so 10,000 rows cost no widgets.
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,10 @@ struct ListRow {
   bool bold = false;
 };
 
+// What the user did to a list, told when the button or key is let go. A choice through a screen
+// reader is told as the left button's.
+enum class ListAct { LeftButton, RightButton, OtherButton, ArrowKey, OtherKey };
+
 class ListView : public Control {
  public:
   using Control::Control;
@@ -37,6 +42,11 @@ class ListView : public Control {
   Property<bool> sortAscending{changed, true};
   // What stands in an empty list, such as "This folder is empty".
   Property<Text> emptyText{changed};
+  // Rows of this list may be dragged to another one that takes rows; files from the desktop may be
+  // dropped here.
+  Property<bool> givesRows{changed, false};
+  Property<bool> takesRows{changed, false};
+  Property<bool> takesFiles{changed, false};
 
   void Clear();
   void Add(ListRow row);
@@ -49,6 +59,9 @@ class ListView : public Control {
   // Empty where the row has no such cell.
   Text Cell(int row, int column) const;
   void SetCell(int row, int column, Text text);
+  // Row i becomes the one that was row `order[i]`; selection and focus go with their rows.
+  // BoundsError unless `order` holds every row's number once.
+  void Order(const std::vector<int>& order);
 
   // The row that has the focus, -1 for none. Making a row current selects it alone.
   int Current() const { return current_; }
@@ -57,9 +70,12 @@ class ListView : public Control {
   // The user's selection, in one step: exactly these rows, and the one with the focus.
   void SelectByUser(const std::vector<int>& rows, int current);
 
-  Signal<> selectionChanged;  // the user selected other rows
-  Signal<> activated;         // the user opened the current row (double click, Enter)
-  Signal<int> columnClicked;  // the user pressed a column's head
+  Signal<> selectionChanged;      // the user selected other rows
+  Signal<> activated;             // the user opened the current row (double click, Enter)
+  Signal<int> columnClicked;      // the user pressed a column's head
+  Signal<ListAct> released;       // up and down are the arrow keys
+  Signal<ListView&> rowsDropped;  // the selected rows of that list
+  Signal<const std::vector<std::filesystem::path>&> filesDropped;
 
  private:
   ListRow& At(int index);

@@ -25,6 +25,7 @@ bool TreeView::Insert(TreeNode* parent, Item item) {
   node->text = std::move(item.text);
   node->image = std::move(item.image);
   node->selectedImage = std::move(item.selectedImage);
+  node->mayHaveChildren = item.mayHaveChildren;
   node->parent = parent;
   byKey_[node->key] = node.get();
   (parent == nullptr ? roots_ : parent->children).push_back(std::move(node));

@@ -36,6 +36,7 @@ class TreeView : public Control {
     Text text;
     std::string image;
     std::string selectedImage;
+    bool mayHaveChildren = false;
   };
   void FillChildren(TextView key, std::vector<Item> items);
   void SetMayHaveChildren(TextView key, bool mayHaveChildren);

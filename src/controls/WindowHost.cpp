@@ -48,8 +48,9 @@ void WindowHost::Forget(Window& window) {
   DoUnload(window);
 }
 
-Answer WindowHost::MessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
-  const Answer answer = DoMessageBox(text, kind, buttons);
+Answer WindowHost::MessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                              const Text& title) {
+  const Answer answer = DoMessageBox(text, kind, buttons, title);
   RaiseIfEnding();
   return answer;
 }
@@ -103,7 +104,7 @@ void WindowHost::ReportFault(const Text& message) {
   ending_ = true;
   endedByFault_ = true;
   const Text around = words_.fault.empty() ? u"###1" : words_.fault;
-  DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok);
+  DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok, {});
 }
 
 void WindowHost::RequestEnd() {

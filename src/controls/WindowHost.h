@@ -59,9 +59,10 @@ class WindowHost {
   void UnloadOthers(const Window& window);
   void Repaint(Window& window) { DoRepaint(window); }
 
-  // A modal box. Raises ProgramEnding when the program has begun to end meanwhile.
+  // A modal box, titled with the program's name where no title is given. Raises ProgramEnding when
+  // the program has begun to end meanwhile.
   Answer MessageBox(const Text& text, MessageKind kind = MessageKind::Information,
-                    MessageButtons buttons = MessageButtons::Ok);
+                    MessageButtons buttons = MessageButtons::Ok, const Text& title = {});
   // A file to write or to read, or none when the user gives up. Raises ProgramEnding likewise.
   std::optional<std::filesystem::path> AskSaveFile(const FileQuestion& question);
   std::optional<std::filesystem::path> AskOpenFile(const FileQuestion& question);
@@ -94,7 +95,8 @@ class WindowHost {
   virtual void DoShow(Window& window, Modality modality) = 0;  // modal: returns when taken away
   virtual void DoUnload(Window& window) = 0;
   virtual void DoRepaint(Window& window) = 0;
-  virtual Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) = 0;
+  virtual Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                              const Text& title) = 0;
   virtual std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) = 0;
   virtual std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) = 0;
   virtual bool DoEditInFocus(EditAct act) = 0;

@@ -34,6 +34,12 @@ inline constexpr std::int32_t kDeleteContacts = 8;
 inline constexpr std::int32_t kLoadFolder = 14;
 inline constexpr std::int32_t kLoadSubfolder = 15;
 inline constexpr std::int32_t kCopyToSim = 21;
+inline constexpr std::int32_t kDownload = 16;
+inline constexpr std::int32_t kUpload = 17;
+inline constexpr std::int32_t kPicturePreview = 18;
+inline constexpr std::int32_t kRingtonePreview = 19;
+inline constexpr std::int32_t kPictureEdit = 20;
+inline constexpr std::int32_t kSearching = 23;  // nothing runs, and the battery poll rests
 }  // namespace job
 
 struct Session {
@@ -62,10 +68,12 @@ struct Session {
   MediaKind currentPage = MediaKind::File;
 
   std::vector<Text> storageNames;  // the phone's top-level folders, in listing order
-  // The root folder that a page shows: pictures, ringtones, movies.
+  // The root folder that a page shows: pictures, ringtones, movies. That of the themes stays empty,
+  // and so stands for the phone's own root, until its box is used.
   Text storageRoot;
   Text storageRoot2;
   Text storageRoot3;
+  Text themeStorageRoot;
 
   std::filesystem::path javaFolder, smsFolder, ringtoneFolder, pictureFolder, themeFolder,
       movieFolder, calendarFolder, phonebookFolder, mmsFolder;

@@ -118,6 +118,7 @@ class TessarinMenu : public Window, public Session {
   Button icoDownload3{*this, "icoDownload3"};
   Button icoUpload3{*this, "icoUpload3"};
   ComboBox combostore{*this, "combostore"};
+  CheckBox Check1{*this, "Check1"};  // whether a picture that is selected is shown
   Picture previewLogo{*this, "previewLogo"};
 
   // Theme.
@@ -159,6 +160,10 @@ class TessarinMenu : public Window, public Session {
   StatusBar StatusBar1{*this, "StatusBar1", 6};
   Timer Timer1{*this, "Timer1", 1000};  // one job a tick
   Timer Timer2{*this, "Timer2", 10};    // one port of the scan a tick
+  // Each looks for the folder that its page starts in.
+  Timer TimerPicture{*this, "TimerPicture", 100};
+  Timer TimerMovie{*this, "TimerMovie", 100};
+  Timer timerRingtone{*this, "timerRingtone", 100};
 
   // The six pages of files, in the order of their panels.
   const std::vector<FilePanes>& filePanes() const { return filePanes_; }

@@ -30,7 +30,9 @@ constexpr EditEntry kEditEntries[] = {{"Cut", EditAct::Cut},
 
 void TessarinMenu::ForgetStorage() {
   storageNames.clear();
-  for (Text* root : {&storageRoot, &storageRoot2, &storageRoot3}) root->clear();
+  for (Text* root : {&storageRoot, &storageRoot2, &storageRoot3, &themeStorageRoot}) {
+    root->clear();
+  }
   for (ComboBox* box : {&ComFolder, &comboStorage, &combostore, &comboStorage2, &comboStorage3}) {
     box->Clear();
   }

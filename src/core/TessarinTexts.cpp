@@ -111,9 +111,10 @@ void TessarinMenu::ApplyPanelTexts() {
     StatusBar1.SetAccessibleName(number, word(words::kNameStatusPanels + number - 1));
   }
   const std::pair<Property<Text>*, int> captions[] = {
-      {&cmdPlay.caption, words::kPlay}, {&cmdPause.caption, words::kPause},
-      {&cmdStop.caption, words::kStop}, {&cYear.text, words::kYear},
-      {&cMonth.text, words::kMonth},    {&cDay.text, words::kDay}};
+      {&cmdPlay.caption, words::kPlay},   {&cmdPause.caption, words::kPause},
+      {&cmdStop.caption, words::kStop},   {&cYear.text, words::kYear},
+      {&Check1.caption, words::kPreview}, {&previewLogo.emptyText, words::kPreviewHint},
+      {&cMonth.text, words::kMonth},      {&cDay.text, words::kDay}};
   for (const auto& [shown, index] : captions) *shown = word(index);
 }
 

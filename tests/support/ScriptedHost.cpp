@@ -113,8 +113,9 @@ void ScriptedHost::StandBox() {
   RunOneTick();
 }
 
-Answer ScriptedHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
-  boxes.push_back({text, kind, buttons});
+Answer ScriptedHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                                  const Text& title) {
+  boxes.push_back({text, kind, buttons, title});
   StandBox();
   if (answers.empty()) return buttons == MessageButtons::YesNo ? Answer::Yes : Answer::Ok;
   const Answer answer = answers.front();

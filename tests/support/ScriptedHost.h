@@ -24,6 +24,7 @@ class ScriptedHost : public WindowHost {
     Text text;
     MessageKind kind;
     MessageButtons buttons;
+    Text title;
   };
 
   // What the user does each time the window of that name was shown. A modal window that nobody
@@ -68,7 +69,8 @@ class ScriptedHost : public WindowHost {
   void DoShow(Window& window, Modality modality) override;
   void DoUnload(Window& window) override;
   void DoRepaint(Window&) override {}
-  Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) override;
+  Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                      const Text& title) override;
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
   bool DoEditInFocus(EditAct act) override;

@@ -15,6 +15,7 @@
 
 #include "controls/WindowHost.h"
 #include "ui/qt/Convert.h"
+#include "ui/qt/ElidedLabel.h"
 #include "ui/qt/Films.h"
 #include "ui/qt/Icons.h"
 
@@ -43,6 +44,8 @@ void Binder::BindState(Control& control, QWidget& widget, std::function<void()> 
             menuPlace_ = widget.mapToGlobal(place);
             Act([&] { control.contextMenuRequested(); });
           });
+  connections_.push_back(
+      control.focusWanted.Connect([&widget] { widget.setFocus(Qt::OtherFocusReason); }));
   Follow(control, [&control, &widget, update = std::move(update)] {
     if (update != nullptr) update();
     widget.setEnabled(control.enabled);
@@ -57,6 +60,13 @@ QLabel* Binder::Bind(Label& label) {
   widget->setWordWrap(true);
   widget->setTextFormat(Qt::PlainText);
   BindState(label, *widget, [&label, widget] { widget->setText(ToQt(label.text)); });
+  return widget;
+}
+
+QLabel* Binder::BindElided(Label& label) {
+  auto* widget = new ElidedLabel(&top_);
+  BindState(label, *widget);
+  Follow(label, [&label, widget] { widget->SetWords(ToQt(label.text)); });
   return widget;
 }
 
@@ -195,7 +205,11 @@ QProgressBar* Binder::Bind(ProgressBar& bar) {
 QWidget* Binder::Bind(Picture& picture, int width, int height) {
   auto* widget = new PictureWidget(&top_);
   widget->setMinimumSize(width, height);
-  BindState(picture, *widget, [&picture, widget] { widget->SetImage(picture.image); });
+  BindState(picture, *widget, [&picture, widget] {
+    widget->SetImage(picture.image);
+    widget->SetContent(picture.content);
+    widget->SetEmptyText(ToQt(picture.emptyText));
+  });
   return widget;
 }
 

@@ -51,6 +51,8 @@ class Binder : public QObject {
   Binder(WindowHost& host, QWidget& top) : host_(host), top_(top) {}
 
   QLabel* Bind(Label& label);
+  // On one line that leaves its middle out where there is no room; the tool tip has the whole.
+  QLabel* BindElided(Label& label);
   QLineEdit* Bind(TextBox& box);
   QPlainTextEdit* BindMultiLine(TextBox& box);
   QPushButton* Bind(Button& button);

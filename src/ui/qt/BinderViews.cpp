@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QItemSelection>
-#include <QPainter>
 #include <QSignalBlocker>
 #include <QTableView>
 #include <QTreeView>
@@ -12,29 +11,11 @@
 #include "ui/qt/Binder.h"
 #include "ui/qt/Convert.h"
 #include "ui/qt/Models.h"
+#include "ui/qt/RowsWidget.h"
 
 namespace tessarin {
 
 namespace {
-
-// A list that says in its middle why it is empty.
-class RowsWidget : public QTreeView {
- public:
-  RowsWidget(const ListView& list, QWidget* parent) : QTreeView(parent), list_(list) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QTreeView::paintEvent(event);
-    if (list_.Count() > 0 || list_.emptyText->empty()) return;
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
-                     Qt::AlignCenter | Qt::TextWordWrap, ToQt(list_.emptyText));
-  }
-
- private:
-  const ListView& list_;
-};
 
 // A tree that knows whether the press of the mouse just chose a node: the click that follows must
 // not choose it once more.
@@ -117,7 +98,7 @@ void ShowNodes(const std::vector<std::unique_ptr<TreeNode>>& nodes, TreeModel& m
 }  // namespace
 
 QTreeView* Binder::Bind(ListView& list) {
-  auto* widget = new RowsWidget(list, &top_);
+  auto* widget = new RowsWidget(list, &top_, [this](const auto& act) { Act(act); });
   auto* model = new ListModel(list, widget);
   widget->setModel(model);
   views_.push_back(widget);
@@ -129,6 +110,8 @@ QTreeView* Binder::Bind(ListView& list) {
     widget->setSelectionMode(list.multipleSelection ? QAbstractItemView::ExtendedSelection
                                                     : QAbstractItemView::SingleSelection);
     widget->setAccessibleDescription(list.Count() == 0 ? ToQt(list.emptyText) : QString());
+    widget->setDragEnabled(list.givesRows);
+    widget->setAcceptDrops(list.takesRows || list.takesFiles);
     ShowColumns(list, *widget, *shown);
     ShowSelection(list, *widget);
     widget->viewport()->update();
@@ -140,6 +123,7 @@ QTreeView* Binder::Bind(ListView& list) {
               rows.push_back(index.row());
             }
             Act([&] { list.SelectByUser(rows, widget->currentIndex().row()); });
+            widget->Chosen();
           });
   connect(widget, &QTreeView::activated, this, [this, &list] { Act([&] { list.activated(); }); });
   connect(widget->header(), &QHeaderView::sectionClicked, this,

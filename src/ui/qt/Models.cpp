@@ -38,6 +38,11 @@ int ListModel::columnCount(const QModelIndex&) const {
   return static_cast<int>(list_.columns().size());
 }
 
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
+  const auto flags = QAbstractTableModel::flags(index);
+  return list_.givesRows ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
 QVariant ListModel::data(const QModelIndex& index, int role) const {
   const ListRow& row = list_.Row(index.row());
   switch (role) {

@@ -232,10 +232,11 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
 }  // namespace
 
 // A box that is closed without an answer is an answer to cancel, or no.
-Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) {
+Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                                  const Text& title) {
   QMessageBox box(Parent(Modality::Modal));
   box.setObjectName(QStringLiteral("MessageBox"));
-  box.setWindowTitle(QCoreApplication::applicationName());
+  box.setWindowTitle(title.empty() ? QCoreApplication::applicationName() : ToQt(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(text));
   box.setIcon(IconOf(kind));

@@ -38,7 +38,8 @@ class QtWindowHost : public QObject, public WindowHost {
   void DoShow(Window& window, Modality modality) override;
   void DoUnload(Window& window) override;
   void DoRepaint(Window& window) override;
-  Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons) override;
+  Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
+                      const Text& title) override;
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
   bool DoEditInFocus(EditAct act) override;

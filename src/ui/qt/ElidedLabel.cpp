@@ -1,0 +1,22 @@
+#include "ui/qt/ElidedLabel.h"
+
+namespace tessarin {
+
+void ElidedLabel::SetWords(const QString& words) {
+  words_ = words;
+  setTextFormat(Qt::PlainText);
+  setAccessibleName(words_);
+  setToolTip(words_);
+  Elide();
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Elide();
+}
+
+void ElidedLabel::Elide() {
+  setText(fontMetrics().elidedText(words_, Qt::ElideMiddle, contentsRect().width()));
+}
+
+}  // namespace tessarin
