@@ -103,9 +103,9 @@ void AddPictures(Content& content) {
 void AddOthers(Content& content) {
   content["Phone/Themes/Dusk.thm"] = MakeTheme("Dusk", Dusk);
   content["Phone/Themes/Rings.thm"] = MakeTheme("Rings", Rings);
-  content["Phone/Videos/camera/MOV00001.3gp"] = MakeMovie("3gp4", 24'000);
-  content["Phone/Videos/camera/MOV00002.3gp"] = MakeMovie("3gp4", 307'200);
-  content["Card/Videos/camera/holiday.mp4"] = MakeMovie("mp42", 48'000);
+  content["Phone/Movies/camera/MOV00001.3gp"] = MakeMovie("3gp4", 24'000);
+  content["Phone/Movies/camera/MOV00002.3gp"] = MakeMovie("3gp4", 307'200);
+  content["Card/Movies/camera/holiday.mp4"] = MakeMovie("mp42", 48'000);
   content["Phone/Other/notes.txt"] = MakeNotes();
   content["Phone/Other/README"] = ToBytes("This folder takes anything.\r\n");
   content["Phone/Other/empty.txt"] = {};

@@ -6,7 +6,7 @@
 
 namespace tessarin {
 
-Program::Program(WindowHost& host, const ProgramFolders& folders)
+Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* player)
     : host_(host),
       files_(folders.application, folders.shipped),
       registry_(folders.registryFile),
@@ -28,17 +28,16 @@ Program::Program(WindowHost& host, const ProgramFolders& folders)
       help_(host, language_),
       busyWindow_(session_),
       supervisor_(session_, link_),
-      filePage_(session_, link_, busyWindow_),
+      tools_({folders.program, files_.Path(u"\\Tools")}),
+      filePages_(session_, link_, busyWindow_, tools_, player == nullptr ? player_ : *player),
       phonebookLists_(files_),
       phonebookPage_(session_, link_, busyWindow_, phonebookLists_) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
-  session_.AddPage(filePage_);
   session_.AddPage(phonebookPage_);
-  for (int panel = 1; panel < kStartPanel; ++panel) {
-    if (panel == kPhonebookPanel) continue;
+  for (const int panel : {1, kCalendarPanel}) {
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
     session_.AddPage(*plainPages_.back());
   }

@@ -17,7 +17,9 @@
 #include "core/TessarinMenu.h"
 #include "core/frmHelp.h"
 #include "core/regAPI.h"
-#include "files/FilePage.h"
+#include "files/FilePages.h"
+#include "files/FluidPlayer.h"
+#include "files/ToolStarter.h"
 #include "files/frmSplashTransmission.h"
 #include "link/PortMap.h"
 #include "link/PosixPort.h"
@@ -31,12 +33,14 @@ struct ProgramFolders {
   std::filesystem::path shipped;      // language files and drawings that came with the program
   std::filesystem::path registryFile;
   std::filesystem::path devices = "/dev";
+  std::filesystem::path program = {};  // where the program itself lies, and perhaps tools beside it
 };
 
 class Program {
  public:
-  // `host` must outlive the program.
-  Program(WindowHost& host, const ProgramFolders& folders);
+  // `host` must outlive the program, and so must `player`. Without a player the program has one of
+  // its own.
+  Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* player = nullptr);
 
   // Shows the main window; from then on its timers do the rest.
   void Start();
@@ -44,8 +48,9 @@ class Program {
   TessarinMenu& session() { return session_; }
   Supervisor& supervisor() { return supervisor_; }
   frmHelp& help() { return help_; }
-  FilePage& filePage() { return filePage_; }
+  FilePages& filePages() { return filePages_; }
   PhonebookPage& phonebookPage() { return phonebookPage_; }
+  frmSplashTransmission& busyWindow() { return busyWindow_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   const PhoneLink& link() const { return link_; }
 
@@ -67,7 +72,9 @@ class Program {
   frmHelp help_;
   frmSplashTransmission busyWindow_;
   Supervisor supervisor_;
-  FilePage filePage_;
+  FluidPlayer player_;
+  ProcessStarter tools_;
+  FilePages filePages_;
   PhonebookLists phonebookLists_;
   PhonebookPage phonebookPage_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;

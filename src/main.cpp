@@ -17,6 +17,7 @@ tessarin::ProgramFolders Folders() {
   tessarin::ProgramFolders folders;
   folders.application = tessarin::DefaultApplicationFolder(program);
   folders.shipped = program.parent_path() / "share" / "tessarin";
+  folders.program = program;
   folders.registryFile = tessarin::ConfigurationFolder() / "registry.ini";
   return folders;
 }

@@ -1,187 +1,232 @@
 #include "files/FilePage.h"
 
-#include "codecs/Faults.h"
+#include <algorithm>
+
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
-#include "link/FolderListing.h"
+#include "files/MediaRules.h"
 
 namespace tessarin {
 
-namespace {
-
 namespace words = text::interface_;
 
-constexpr char kClosed[] = "folder-closed";
-constexpr char kOpen[] = "folder-open";
+namespace fs = std::filesystem;
 
-const char* ImageOf(const Text& extension) {
-  static const std::map<Text, const char*> images = {
-      {u"mid", "file-audio"}, {u"mp3", "file-audio"}, {u"amr", "file-audio"},
-      {u"wav", "file-audio"}, {u"imy", "file-audio"}, {u"jpg", "file-image"},
-      {u"gif", "file-image"}, {u"bmp", "file-image"}, {u"png", "file-image"},
-      {u"3gp", "file-video"}, {u"mp4", "file-video"}, {u"txt", "file-text"},
-      {u"vcf", "file-text"},  {u"vcs", "file-text"},
-  };
-  const auto image = images.find(ToLower(extension));
-  return image == images.end() ? "file" : image->second;
-}
-
-}  // namespace
-
-ListRow PhoneFileRow(const Text& name, const Text& size) {
-  const auto point = name.rfind(u'.');
-  const bool hasExtension = point != Text::npos;
-  const Text extension = hasExtension ? name.substr(point + 1) : Text();
-  ListRow row;
-  row.cells = {hasExtension ? name.substr(0, point) : name, size, extension};
-  row.image = ImageOf(extension);
-  return row;
-}
-
-FilePage::FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow)
-    : session_(session), link_(link), busyWindow_(busyWindow), whyEmpty_(words::kPageNeedsPhone) {
-  session_.jobs().Set(job::kLoadFolder, [this] { Load(worker::kFileLoading); });
-  session_.jobs().Set(job::kLoadSubfolder, [this] { Load(worker::kSubfileLoading); });
-  busyWindow_.workers().Set(worker::kFileLoading, [this] { fileLoading(); });
-  busyWindow_.workers().Set(worker::kSubfileLoading, [this] { subfileLoading(); });
-  // The computer's side is shown, and can be used once files are moved.
-  for (Control* control : std::initializer_list<Control*>{
-           &session_.tvwPCDir, &session_.lvwPCFile, &session_.icoDownload, &session_.icoUpload}) {
-    control->enabled = false;
+FilePage::FilePage(const Shared& shared, const FilePageRow& row, const FilePanes& panes)
+    : shared_(shared),
+      row_(row),
+      panes_(panes),
+      phone_(shared.session, shared.link, panes.phoneTree, panes.phoneList),
+      computer_(shared.session, panes.computerTree, panes.computerList, shared.types) {
+  panes_.computerList.multipleSelection = true;
+  panes_.download.visible = row_.receives;
+  panes_.download.enabled = false;
+  panes_.upload.visible = false;
+  if (panes_.preview != nullptr) panes_.preview->visible = false;
+  if (panes_.storage != nullptr) panes_.storage->enabled = false;
+  // A tick without a search does nothing; the ringtones' search begins with the page's first
+  // opening.
+  if (row_.searchTimer != nullptr) {
+    (shared_.session.*row_.searchTimer).enabled = row_.kind != MediaKind::Ringtone;
   }
-  session_.ComFolder.enabled = false;
-  session_.ComFolder.clicked.Always([this] { Refresh(); });
-  session_.tvwPhoneDir.nodeClicked.Always([this] { NodeClicked(); });
+  ConnectControls();
+  ConnectDrops();
 }
 
-// An empty list says why it is empty, in the present language.
-void FilePage::ApplyTexts() { SayWhyEmpty(whyEmpty_); }
-
-void FilePage::SayWhyEmpty(int interfaceText) {
-  whyEmpty_ = interfaceText;
-  // One of the reasons names what could not be read.
-  session_.lvwPhoneFile.emptyText =
-      session_.language().Filled(interfaceText, {session_.phoneModel});
+void FilePage::ConnectControls() {
+  panes_.phoneTree.nodeClicked.Always([this] { NodeClicked(); });
+  panes_.phoneList.released.Always([this](ListAct act) { PhoneRowReleased(act); });
+  panes_.computerTree.nodeClicked.Always([this] { panes_.upload.visible = false; });
+  panes_.computerList.released.Always([this](ListAct act) { ComputerRowReleased(act); });
+  panes_.download.clicked.Always([this] { DownloadClicked(); });
+  panes_.upload.clicked.Always([this] { UploadClicked(); });
+  if (panes_.storage != nullptr) panes_.storage->clicked.Always([this] { StorageChosen(); });
+  if (row_.searchTimer != nullptr) {
+    (shared_.session.*row_.searchTimer).tick.Always([this] { SearchTick(); });
+  }
 }
 
-// The first opening with a phone fills the choice of its top-level folders.
-void FilePage::Show() {
-  auto& box = session_.ComFolder;
-  if (box.Count() == 0 && session_.comboStorage.Count() > 0) {
-    for (int index = 0; index < session_.comboStorage.Count(); ++index) {
-      box.Add(session_.comboStorage.Item(index));
+// A drop does what the arrow does, with the same rules and questions.
+void FilePage::ConnectDrops() {
+  for (ListView* list : {&panes_.phoneList, &panes_.computerList}) {
+    list->givesRows = true;
+    list->takesRows = true;
+  }
+  panes_.phoneList.takesFiles = true;
+  panes_.computerList.takesRows = row_.receives;
+  panes_.computerList.rowsDropped.Always([this](ListView& from) {
+    if (&from == &panes_.phoneList) DownloadClicked();
+  });
+  panes_.phoneList.rowsDropped.Always([this](ListView& from) {
+    if (&from != &panes_.computerList) return;
+    std::vector<fs::path> files;
+    for (const Text& name : computer_.SelectedFiles()) {
+      files.push_back(computer_.SelectedFolder() / ToUtf8(name));
     }
-    box.Select(0);
-    box.enabled = true;
+    Drop(files);
+  });
+  panes_.phoneList.filesDropped.Always([this](const auto& files) { Drop(files); });
+}
+
+void FilePage::Show() {
+  shared_.opened(*this);
+  EnableLists();
+  computer_.Open(row_.computerFolder == nullptr ? fs::path("/")
+                                                : shared_.session.*row_.computerFolder);
+  panes_.upload.visible = false;
+  OpenStorage();
+}
+
+// The File page fills its box at its first opening with a phone; the others' are filled when a
+// phone is found.
+void FilePage::OpenStorage() {
+  ComboBox* box = panes_.storage;
+  if (box != nullptr) {
+    const ComboBox& known = shared_.session.comboStorage;
+    for (int index = 0; box->Count() < known.Count(); ++index) box->Add(known.Item(index));
+    if (row_.kind == MediaKind::File && box->Selected() < 0 && box->Count() > 0) box->Select(0);
+    if (row_.opensOnFirstStorage && box->Count() > 0) box->Select(0);
+    box->enabled = box->Count() > 0;
+  }
+  StorageChosen();
+}
+
+void FilePage::StorageChosen() {
+  if (row_.storageRoot != nullptr) {
+    shared_.session.*row_.storageRoot = panes_.storage->SelectedText();
   }
   Refresh();
 }
 
-bool FilePage::CanDo(std::string_view action) const {
-  return action == "Refresh" && session_.statusPhase == kPhonePresent;
-}
-
-void FilePage::Do(std::string_view action) {
-  if (action == "Refresh") Refresh();
-}
-
 void FilePage::Refresh() {
-  if (session_.statusPhase == kPhonePresent) session_.commandState = job::kLoadFolder;
+  if (!PhoneIsThere()) return;
+  if (row_.kind == MediaKind::MMS) {
+    FindMmsFolder();
+    if (mmsRoot_.empty()) return;
+  }
+  shared_.session.commandState = job::kLoadFolder;
+  if (row_.searchTimer == nullptr) return;
+  searchNeeded_ = true;
+  (shared_.session.*row_.searchTimer).enabled = true;
+}
+
+// Few phones of the make have a folder of messages among their top-level ones. The service that
+// takes them needs none.
+void FilePage::FindMmsFolder() {
+  const auto& names = shared_.session.storageNames;
+  const auto folder = std::find_if(names.begin(), names.end(),
+                                   [](const Text& name) { return ToLower(name) == u"mms"; });
+  mmsRoot_ = folder == names.end() ? Text() : *folder;
+  if (!mmsRoot_.empty()) return;
+  phone_.Clear(words::kMmsUnavailable);
+  phone_.ShowNote(shared_.session.language().getTSInterfaceStr(words::kMmsUnavailable));
+}
+
+Text FilePage::StartFolder() const {
+  if (row_.kind == MediaKind::MMS) return mmsRoot_;
+  return row_.storageRoot == nullptr ? Text() : shared_.session.*row_.storageRoot;
 }
 
 void FilePage::NodeClicked() {
-  const auto* node = session_.tvwPhoneDir.Find(session_.tvwPhoneDir.SelectedKey());
+  if (!phone_.StandsInAFolder() || !PhoneIsThere()) return;
+  const auto* node = panes_.phoneTree.Find(panes_.phoneTree.SelectedKey());
   const bool isRoot = node != nullptr && node->parent == nullptr;
-  session_.commandState = isRoot ? job::kLoadFolder : job::kLoadSubfolder;
-}
-
-void FilePage::PhoneFound() { SayWhyEmpty(words::kFolderEmpty); }
-
-void FilePage::PhoneLost() {
-  session_.tvwPhoneDir.Clear();
-  session_.lvwPhoneFile.Clear();
-  session_.ComFolder.enabled = false;
-  SayWhyEmpty(words::kPageNeedsPhone);
-  currentFolder_.clear();
+  shared_.session.commandState = isRoot ? job::kLoadFolder : job::kLoadSubfolder;
 }
 
 void FilePage::Load(std::int16_t workerCode) {
-  busyWindow_.PhoneToPc(workerCode, session_.language().getTSInterfaceStr(words::kWorkFolder));
-  busyWindow_.Work();
-  session_.SetCommandIdle();
+  shared_.busyWindow.PhoneToPc(workerCode,
+                               shared_.session.language().getTSInterfaceStr(words::kWorkFolder));
+  shared_.busyWindow.Work();
+  EnableLists();
+  panes_.download.enabled = false;
+  shared_.session.SetCommandIdle();
+  shared_.session.UpdateActions();
 }
 
-void FilePage::fileLoading() {
-  auto& tree = session_.tvwPhoneDir;
-  tree.Clear();
-  session_.lvwPhoneFile.Clear();
-  tree.enabled = false;
-  // The tree is of use again however the reading ends.
-  struct Enable {
-    TreeView& tree;
-    ~Enable() { tree.enabled = true; }
-  } enable{tree};
-  const Text startFolder;  // this page shows the phone from its root
-  Text xml;
-  if (!ReadFolder(startFolder, xml)) {
-    SayWhyEmpty(words::kFolderUnreadable);
-    return;
-  }
-  tree.Add(u"", startFolder, session_.phoneModel, kClosed, kOpen);
-  tree.Select(startFolder);
-  tree.Expand(startFolder);
-  if (!ShowFolder(startFolder, xml)) tree.Clear();
-}
+void FilePage::fileLoading() { phone_.fileLoading(StartFolder()); }
 
 void FilePage::subfileLoading() {
-  const Text key = session_.tvwPhoneDir.SelectedKey();
-  Text xml;
-  if (!ReadFolder(key, xml)) return;
-  currentFolder_ = key;
-  if (ShowFolder(key, xml)) session_.tvwPhoneDir.Expand(key);
+  if (searching_) {
+    phone_.FindStartFolder(SearchWord());
+  } else {
+    (void)phone_.subfileLoading();  // a folder that cannot be read leaves all as it is
+  }
 }
 
-bool FilePage::ReadFolder(const Text& key, Text& xml) {
-  std::string connectionId;
-  link_.obex.EndOBEXSession();
-  const bool listed = link_.obex.ConnectFolderBrowsing(connectionId) &&
-                      link_.obex.SetPathRoot(connectionId) && WalkTo(connectionId, key) &&
-                      link_.files.GetFolderListing(connectionId, xml, kFolderListingType);
-  link_.obex.EndOBEXSession();
-  return listed;
+Text FilePage::SearchWord() const {
+  const auto choices = Split(row_.startFolder, u"|");
+  const auto chosen = static_cast<std::size_t>(std::max(0, panes_.storage->Selected()));
+  return choices[choices.size() > chosen ? chosen : 0];
 }
 
-bool FilePage::WalkTo(const std::string& connectionId, const Text& key) {
-  for (const Text& part : Split(key, u"\\")) {
-    if (!part.empty() && !link_.obex.SetPathDown(connectionId, part)) return false;
-  }
-  return true;
+// Once the page was loaded anew. The whole search is one piece of work in one busy window.
+void FilePage::SearchTick() {
+  TessarinMenu& session = shared_.session;
+  if (!searchNeeded_ || session.IsBusy() || session.panelInFront() != panel()) return;
+  if (session.commandState != job::kIdlePoll || panes_.phoneTree.Count() == 0) return;
+  const Busy busy(session);
+  searchNeeded_ = false;
+  session.commandState = job::kSearching;
+  searching_ = true;
+  Load(worker::kSubfileLoading);
+  searching_ = false;
+  (session.*row_.searchTimer).enabled = false;
 }
 
-// A listing that is no XML is the phone's fault and costs the user this folder, not the program.
-bool FilePage::ShowFolder(const Text& key, TextView xml) {
-  FolderListing listing;
-  try {
-    listing = ParseFolderListing(xml);
-  } catch (const DocumentError& fault) {
-    session_.host().MessageBox(
-        Replace(session_.language().getTSErrStr(text::error::kListingDamaged), u"###1",
-                fault.Message()),
-        MessageKind::Error);
-    return false;
+void FilePage::PhoneFound() {
+  phone_.SayWhyEmpty(words::kFolderEmpty);
+  panes_.upload.enabled = true;
+}
+
+void FilePage::PhoneLost() {
+  phone_.Clear(words::kPageNeedsPhone);
+  searchNeeded_ = false;
+  panes_.download.enabled = false;
+  panes_.upload.enabled = false;
+  if (panes_.storage != nullptr) panes_.storage->enabled = false;
+  panes_.computerList.enabled = true;
+}
+
+void FilePage::ApplyTexts() {
+  phone_.ApplyTexts();
+  computer_.ApplyTexts();
+  if (row_.kind == MediaKind::MMS && PhoneIsThere() && mmsRoot_.empty()) FindMmsFolder();
+}
+
+bool FilePage::CanDo(std::string_view action) const {
+  if (action == "New") return row_.tool == nullptr || *row_.tool != '\0';
+  if (action == "Mp3") return row_.kind == MediaKind::Ringtone;
+  if (!PhoneIsThere()) return false;
+  if (action == "Refresh") return row_.kind != MediaKind::MMS;
+  if (action == "Delete") return row_.deletes && phone_.SelectedRow() != nullptr;
+  return action == "Edit" && editing_.can != nullptr && editing_.can();
+}
+
+void FilePage::Do(std::string_view action) {
+  if (action == "Refresh") {
+    if (row_.searchTimer != nullptr) (shared_.session.*row_.searchTimer).enabled = false;
+    Refresh();
   }
-  currentFolder_ = key;
-  const Text prefix = key.empty() ? Text() : key + u"\\";
-  std::vector<TreeView::Item> folders;
-  for (const Text& folder : listing.folders) {
-    folders.push_back({Text(prefix).append(folder), folder, kClosed, kOpen});
+  if (action == "Delete") DeleteOnPhone();
+  if (action == "Edit") editing_.edit();
+  if (action == "Mp3") shared_.tools.Start("TuneTrimmer.exe");
+  if (action != "New") return;
+  if (row_.tool == nullptr) {
+    shared_.tools.OpenPictureDesk().ShowEditor();
+  } else {
+    shared_.tools.Start(row_.tool);
   }
-  session_.tvwPhoneDir.FillChildren(key, std::move(folders));
-  std::vector<ListRow> rows;
-  for (const ListedFile& file : listing.files) rows.push_back(PhoneFileRow(file.name, file.size));
-  SayWhyEmpty(words::kFolderEmpty);
-  session_.lvwPhoneFile.Fill(std::move(rows));
-  return true;
+}
+
+// The phones of the make delete no file over this service, so what follows the question is a
+// reading of what is there.
+void FilePage::DeleteOnPhone() {
+  WindowHost& host = shared_.session.host();
+  const Text& question = shared_.session.language().getTSPromptStr(text::prompt::kDeleteFile);
+  if (host.MessageBox(question, MessageKind::Question, MessageButtons::OkCancel) == Answer::Ok) {
+    Refresh();
+  }
 }
 
 }  // namespace tessarin

@@ -1,20 +1,36 @@
 #pragma once
 
-// The File Explorer page: the phone's folders as a tree, the files of one folder as a list.
+// A page that shows files of the phone beside files of the computer, and moves them.
+
+#include <functional>
+#include <optional>
 
 #include "core/Page.h"
-#include "core/PhoneLink.h"
-#include "core/TessarinMenu.h"
-#include "files/frmSplashTransmission.h"
+#include "files/ComputerPane.h"
+#include "files/ExternalTools.h"
+#include "files/FilePageTable.h"
+#include "files/PhonePane.h"
+#include "files/Transfers.h"
 
 namespace tessarin {
 
 class FilePage : public Page {
  public:
-  // Puts its jobs and workers into the tables. All must outlive the page.
-  FilePage(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow);
+  // What the six pages share.
+  struct Shared {
+    TessarinMenu& session;
+    PhoneLink link;
+    frmSplashTransmission& busyWindow;
+    Transfers& transfers;
+    ExternalTools& tools;
+    MimeTypes& types;
+    std::function<void(FilePage&)> opened;  // the page's panes are the active ones from now on
+  };
 
-  int panel() const override { return 0; }
+  // All must outlive the page.
+  FilePage(const Shared& shared, const FilePageRow& row, const FilePanes& panes);
+
+  int panel() const override { return panes_.panel; }
   void Show() override;
   bool CanDo(std::string_view action) const override;
   void Do(std::string_view action) override;
@@ -22,33 +38,64 @@ class FilePage : public Page {
   void PhoneLost() override;
   void ApplyTexts() override;
 
-  // The key of the folder that the list shows: its path from the phone's root.
-  const Text& currentFolder() const { return currentFolder_; }
-
- private:
-  void Refresh();
-  void NodeClicked();
-  // Workers.
+  // Jobs and workers on the active panes.
+  void Load(std::int16_t workerCode);
   void fileLoading();
   void subfileLoading();
+  void Download();
+  void Upload();
 
-  void Load(std::int16_t workerCode);
-  // Lists the folder with that key over a session of its own. False when any step fails.
-  bool ReadFolder(const Text& key, Text& xml);
-  void SayWhyEmpty(int interfaceText);
-  bool WalkTo(const std::string& connectionId, const Text& key);
-  // False, with a message, when the listing is no XML.
-  bool ShowFolder(const Text& key, TextView xml);
+  // Shows the upload arrow if the file selected on the computer may go to this phone from here.
+  void updateUploadArrows();
+  // Asks, and deletes the files selected on the computer.
+  void DeleteComputerFiles();
 
-  TessarinMenu& session_;
-  PhoneLink link_;
-  frmSplashTransmission& busyWindow_;
-  Text currentFolder_;
-  int whyEmpty_;  // interface text that stands in the empty list
+  MediaKind kind() const { return row_.kind; }
+  PhonePane& phone() { return phone_; }
+  ComputerPane& computer() { return computer_; }
+  // What Edit does, on the page that can.
+  struct Editing {
+    std::function<bool()> can;
+    std::function<void()> edit;
+  };
+  void SetEditing(Editing editing) { editing_ = std::move(editing); }
+
+ private:
+  bool PhoneIsThere() const { return shared_.session.statusPhase == kPhonePresent; }
+  void ConnectControls();
+  void ConnectDrops();
+
+  void OpenStorage();
+  void StorageChosen();
+  void Refresh();
+  void NodeClicked();
+  Text StartFolder() const;
+  void FindMmsFolder();
+  void SearchTick();
+  Text SearchWord() const;
+
+  void PhoneRowReleased(ListAct act);
+  void ComputerRowReleased(ListAct act);
+  void DownloadClicked();
+  void UploadClicked();
+  void Drop(const std::vector<std::filesystem::path>& files);
+  void Send(const std::filesystem::path& file);
+  bool MayReplace(const Text& name);
+  void Defer(std::int32_t commandState);
+  void EnableLists();
+  void Say(int interfaceText) const;
+  void DeleteOnPhone();
+
+  Shared shared_;
+  const FilePageRow& row_;
+  const FilePanes& panes_;
+  PhonePane phone_;
+  ComputerPane computer_;
+  Editing editing_;
+  Text mmsRoot_;
+  std::filesystem::path upload_;  // what the next upload sends
+  bool searchNeeded_ = false;
+  bool searching_ = false;
 };
-
-// A file's name as a row of a phone list: cell 0 the name without its last extension, cell 1 the
-// size in bytes, cell 2 the extension without its point.
-ListRow PhoneFileRow(const Text& name, const Text& size);
 
 }  // namespace tessarin

@@ -1,5 +1,7 @@
 #include "files/frmSplashTransmission.h"
 
+#include <algorithm>
+
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
 
@@ -7,18 +9,40 @@ namespace tessarin {
 
 namespace words = text::interface_;
 
+namespace {
+
+constexpr int kThousandths = 1000;
+constexpr std::chrono::milliseconds kBetweenPictures{100};
+
+}  // namespace
+
 frmSplashTransmission::frmSplashTransmission(TessarinMenu& session)
     : Window(session.host(), "frmSplashTransmission"), session_(session) {
+  prgTransfer.maximum = kThousandths;
   tmrTransferTimer.tick.Always([this] { tmrTransferTimer_Timer(); });
 }
 
-void frmSplashTransmission::PhoneToPc(std::int16_t code, const Text& text) {
-  Animation1.file = u"\\data transfer MPtoPC.avi";
+void frmSplashTransmission::SetUp(const char16_t* film, std::int16_t code, const Text& text) {
+  Animation1.file = film;
   operationCode_ = code;
+  Label1.text = text;
+  const bool isTransfer = code == worker::kUploading || code == worker::kDownloading;
+  prgTransfer.visible = isTransfer;
+  lblAmount.visible = isTransfer;
+  prgTransfer.value = 0;
+  lblAmount.text = u"";
+}
+
+void frmSplashTransmission::PhoneToPc(std::int16_t code, const Text& text) {
   const Text prefix = code == worker::kDownloading
                           ? session_.language().getTSInterfaceStr(words::kTransferReceiving)
                           : u"";
-  Label1.text = prefix + text;
+  SetUp(u"\\data transfer MPtoPC.avi", code, prefix + text);
+}
+
+void frmSplashTransmission::PcToPhone(const Text& text) {
+  SetUp(u"\\data transfer PCtoMP.avi", worker::kUploading,
+        session_.language().getTSInterfaceStr(words::kTransferSending) + text);
 }
 
 void frmSplashTransmission::Work() {
@@ -29,11 +53,32 @@ void frmSplashTransmission::Work() {
 void frmSplashTransmission::FormLoad() {
   caption = session_.language().getTSInterfaceStr(words::kTransferTitle);
   Animation1.accessibleName = session_.language().getTSInterfaceStr(words::kNameTransferAnimation);
+  prgTransfer.accessibleName = session_.language().getTSInterfaceStr(words::kNameProgress);
   Animation1.playing = true;
+  start_ = lastShown_ = Time::now();
   tmrTransferTimer.enabled = true;
 }
 
 void frmSplashTransmission::FormUnload() { Animation1.playing = false; }
+
+void frmSplashTransmission::Progress(std::uint64_t bytes, std::uint64_t total) {
+  const auto now = Time::now();
+  if (now - lastShown_ < kBetweenPictures && bytes < total) return;
+  lastShown_ = now;
+  const std::chrono::duration<double> passed = now - start_;
+  const double whole = static_cast<double>(std::max<std::uint64_t>(total, 1));
+  const double rate = static_cast<double>(bytes) / std::max(passed.count(), 0.001);
+  const Language& language = session_.language();
+  prgTransfer.value =
+      static_cast<int>(std::min(1.0, static_cast<double>(bytes) / whole) * kThousandths);
+  lblAmount.text =
+      language.Filled(words::kTransferProgress, {locale_.Amount(bytes), locale_.Amount(total)}) +
+      u" · " +
+      language.Filled(words::kTransferRate,
+                      {locale_.Amount(static_cast<unsigned long long>(rate))});
+  Refresh();
+  host().YieldToScreen();
+}
 
 void frmSplashTransmission::tmrTransferTimer_Timer() {
   tmrTransferTimer.enabled = false;

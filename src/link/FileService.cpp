@@ -99,8 +99,19 @@ bool FileService::Get(const std::string& headers, const Sink& sink) {
   }
 }
 
+void FileService::Tell(std::uint64_t bytes) const {
+  if (progress_) progress_(bytes);
+}
+
 bool FileService::GetNamed(const std::string& connectionId, TextView name, const Sink& sink) {
-  return Get(modOBEX::ConnectionIdHeader(connectionId) + modOBEX::NameHeader(name), sink);
+  std::uint64_t received = 0;
+  const auto count = [&](std::string_view body) {
+    if (!sink(body)) return false;
+    received += body.size() / 2;
+    Tell(received);
+    return true;
+  };
+  return Get(modOBEX::ConnectionIdHeader(connectionId) + modOBEX::NameHeader(name), count);
 }
 
 bool FileService::GetFolderListing(const std::string& connectionId, Text& xml,
@@ -132,11 +143,12 @@ bool FileService::GetFileBytes(const std::string& connectionId, TextView name, B
 }
 
 bool FileService::GetFile(const std::string& connectionId, TextView name, const fs::path& folder) {
-  return Reported(Fetch(connectionId, name, folder), Failure::Get);
+  return Reported(FetchFile(connectionId, name, folder), Failure::Get);
 }
 
 // The local file is opened only once the phone gives its own: a refusal leaves an older one whole.
-bool FileService::Fetch(const std::string& connectionId, TextView name, const fs::path& folder) {
+bool FileService::FetchFile(const std::string& connectionId, TextView name,
+                            const fs::path& folder) {
   if (!IsSafeFileName(name)) return false;
   std::ofstream file;
   const auto write = [&](std::string_view body) {
@@ -170,6 +182,7 @@ bool FileService::Put(const std::string& idHeader, const fs::path& path, bool wi
   std::string headers = idHeader + modOBEX::NameHeader(file.substr(file.rfind(u'\\') + 1));
   if (withLength) headers += modOBEX::LengthHeader(source.Left());
   if (headers.size() / 2 > kChunk) return false;
+  const std::uint64_t size = source.Left();
 
   std::string data;
   for (std::size_t room = kChunk - headers.size() / 2; source.Left() > room; room = kChunk) {
@@ -177,10 +190,13 @@ bool FileService::Put(const std::string& idHeader, const fs::path& path, bool wi
     headers += modOBEX::BytesHeader(Header::Body, data);
     if (!Send(modOBEX::Packet(Opcode::Put, headers), Reply::Continue)) return false;
     headers.clear();
+    Tell(size - source.Left());
   }
   if (!source.Next(source.Left(), data)) return false;
   headers += modOBEX::BytesHeader(Header::EndOfBody, data);
-  return Send(modOBEX::Packet(Opcode::PutFinal, headers), Reply::Success);
+  if (!Send(modOBEX::Packet(Opcode::PutFinal, headers), Reply::Success)) return false;
+  Tell(size);
+  return true;
 }
 
 }  // namespace tessarin

@@ -1,7 +1,5 @@
-#include "files/FilePage.h"
-
 #include "codecs/Faults.h"
-#include "tests/support/SessionBench.h"
+#include "tests/files/FilePagesBench.h"
 
 namespace tessarin {
 namespace {
@@ -19,48 +17,28 @@ TEST(PhoneFileRow, SplitsANameAtItsLastPoint) {
       {u"README", u"README", u"", "file"},
       {u"a.", u"a", u"", "file"},
       {u".hidden", u"", u"hidden", "file"},
-      {u"..", u".", u"", "file"},
       {u"山水.gif", u"山水", u"gif", "file-image"},
   };
   for (const auto& c : cases) {
     const ListRow row = PhoneFileRow(c.name, u"12");
     EXPECT_EQ(row.cells, (std::vector<Text>{c.stem, u"12", c.extension})) << ToUtf8(c.name);
     EXPECT_EQ(row.image, c.image) << ToUtf8(c.name);
+    const Text whole = c.name == Text(u"a.") ? u"a" : c.name;
+    EXPECT_EQ(WholeName(row), whole) << "only a point at the end is lost";
   }
 }
 
-class FilePageTest : public SessionBench {
+class FilePageTest : public FilePagesBench {
  protected:
   FilePageTest() {
-    session.AddPage(page_);
-    Put("Phone/Other/empty.txt", "");
-    Put("Phone/Other/README", "12345");
-    Put("Phone/Sounds & <more>/Колыбельная.v2.mid", "MThd");
+    PutOnPhone("Phone/Other/empty.txt", "");
+    PutOnPhone("Phone/Other/README", "12345");
+    PutOnPhone("Phone/Sounds & <more>/Колыбельная.v2.mid", "MThd");
     StartAndConnect();
   }
-  void Put(const std::string& name, const std::string& content) const {
-    std::filesystem::create_directories((folder.Path() / "phone" / name).parent_path());
-    folder.Write("phone/" + name, content);
-  }
-
-  // A click, and the tick that does what it asked for.
-  void Open() {
-    host.RunEvent([this] { session.Toolbar2.clicked("File"); });
-    Tick(session.Timer1);
-  }
-  void Enter(TextView key) {
-    host.RunEvent([&] { session.tvwPhoneDir.SelectByUser(key); });
-    Tick(session.Timer1);
-  }
-
-  // The list, one file a word.
-  std::string Files() const {
-    std::string list;
-    for (const ListRow& row : session.lvwPhoneFile.rows()) {
-      list += ToUtf8(row.cells[0] + u"|" + row.cells[1] + u"|" + row.cells[2]) + " ";
-    }
-    return list;
-  }
+  void Open() { FilePagesBench::Open("File"); }
+  void Enter(TextView key) { FilePagesBench::Enter(session.tvwPhoneDir, key); }
+  std::string Files() const { return FilePagesBench::Files(session.lvwPhoneFile); }
   std::string ChildrenOf(TextView key) const {
     std::string children;
     for (const auto& child : session.tvwPhoneDir.Find(key)->children) {
@@ -68,16 +46,12 @@ class FilePageTest : public SessionBench {
     }
     return children;
   }
-  // The phone is in AT mode and the program idle, as between any two ticks.
   void ExpectIdle() const {
-    EXPECT_EQ(session.commandState, job::kIdlePoll);
-    EXPECT_FALSE(phone.InObexMode());
-    EXPECT_EQ(host.Find("frmSplashTransmission"), nullptr);
+    FilePagesBench::ExpectIdle();
     EXPECT_TRUE(session.tvwPhoneDir.enabled);
   }
 
-  frmSplashTransmission busyWindow_{session};
-  FilePage page_{session, link, busyWindow_};
+  PhonePane& page_ = pages.Page(MediaKind::File).phone();
 };
 
 TEST_F(FilePageTest, WalksThePhonesFolders) {
@@ -164,25 +138,25 @@ TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnd
   Open();
   EXPECT_EQ(moving, "\\data transfer MPtoPC.avi plays");
   EXPECT_EQ(host.boxes.size(), 1u);
-  EXPECT_FALSE(busyWindow_.IsLoaded());
-  EXPECT_FALSE(busyWindow_.Animation1.playing);
+  EXPECT_FALSE(busyWindow.IsLoaded());
+  EXPECT_FALSE(busyWindow.Animation1.playing);
   EXPECT_TRUE(host.IsEnding());
 }
 
 // A transfer of this page starts straight from the click, outside any tick.
 TEST_F(FilePageTest, AWorkerHoldsTheTicksBackByItself) {
   Text label;
-  busyWindow_.workers().Set(worker::kDownloading, [&] {
-    label = busyWindow_.Label1.text();
+  busyWindow.workers().Set(worker::kDownloading, [&] {
+    label = busyWindow.Label1.text();
     EXPECT_TRUE(session.IsBusy());
   });
   host.RunEvent([this] {
-    busyWindow_.PhoneToPc(worker::kDownloading, u"Ode.mid");
-    busyWindow_.Work();
+    busyWindow.PhoneToPc(worker::kDownloading, u"Ode.mid");
+    busyWindow.Work();
   });
   EXPECT_EQ(label, Word(text::interface_::kTransferReceiving) + u"Ode.mid");
   EXPECT_FALSE(session.IsBusy());
-  EXPECT_FALSE(busyWindow_.IsLoaded());
+  EXPECT_FALSE(busyWindow.IsLoaded());
 }
 
 }  // namespace

@@ -79,7 +79,11 @@ class SessionBench : public testing::Test {
   modComLib com{port, map, [this] { return printers; }};
   AT at{com};
   OBEX obex{com};
-  FileService fileService{com, nullptr};
+  FileService fileService{com, [this](FileService::Failure failure) {
+                            session.ShowError(failure == FileService::Failure::Get
+                                                  ? text::error::kReceiveFile
+                                                  : text::error::kSendFile);
+                          }};
   IrMC irmc{com};
   PhoneLink link{port, port, com, at, obex, fileService, irmc};
   TessarinMenu session{{host, files, registry, language, clock, port}};

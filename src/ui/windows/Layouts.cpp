@@ -7,6 +7,7 @@
 #include "core/frmHelp.h"
 #include "core/frmPhoneInfo.h"
 #include "core/frmSplashFindCOM.h"
+#include "files/frmOverwrite.h"
 #include "files/frmSplashTransmission.h"
 #include "phonebook/frmAddContact.h"
 #include "phonebook/frmCopyToSIM.h"
@@ -34,6 +35,7 @@ std::vector<Layout> AllLayouts() {
       Of<frmAddContact>("frmAddContact", Kind::Dialog),
       Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
+      Of<frmOverwrite>("frmOverwrite", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
       Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),
