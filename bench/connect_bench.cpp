@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "Program.h"
-#include "core/Asking.h"
+#include "bench/NoScreen.h"
 #include "phonesim/SampleContent.h"
 #include "phonesim/Server.h"
 
@@ -54,27 +54,6 @@ class Folder {
   ~Folder() { fs::remove_all(path); }
   fs::path Port() const { return path / "Tessarin" / "ports" / "COM3"; }
   fs::path path;
-};
-
-// A window system that shows nothing and declines to read the phonebook.
-class NoScreen : public WindowHost {
- protected:
-  void DoShow(Window& window, Modality) override {
-    if (auto* asking = dynamic_cast<Asking*>(&window)) asking->Command2.clicked();
-  }
-  void DoUnload(Window&) override {}
-  void DoRepaint(Window&) override {}
-  Answer DoMessageBox(const Text& text, MessageKind, MessageButtons) override {
-    std::fprintf(stderr, "start_bench: %s\n", ToUtf8(text).c_str());
-    std::exit(1);
-  }
-  std::optional<fs::path> DoAskSaveFile(const FileQuestion&) override { return std::nullopt; }
-  std::optional<fs::path> DoAskOpenFile(const FileQuestion&) override { return std::nullopt; }
-  bool DoEditInFocus(EditAct) override { return false; }
-  bool DoCanEditInFocus(EditAct) const override { return false; }
-  void DoYield() override {}
-  void DoEndModals() override {}
-  void DoQuit() override {}
 };
 
 // The whole connection inside one tick: seconds, and processor seconds of this process but for the

@@ -66,6 +66,7 @@ void PicturePreview::Load() {
 void PicturePreview::imagePreview() {
   const Text name = pane_.SelectedName();
   Bytes picture;
+  if (name.empty()) return;
   const bool got = pane_.InFolder([&](const std::string& connectionId) {
     return link_.files.GetFileBytes(connectionId, name, picture);
   });

@@ -15,7 +15,7 @@ class PicturePreview : public SessionPart {
                  PhonePane& pane, ExternalTools& tools);
 
   // Whether the selected picture can be edited.
-  bool CanEdit() const { return canEdit_; }
+  bool CanEdit() const { return canEdit_ && pane_.SelectedRow() != nullptr; }
   void edit_Logo();
 
   void PhoneLost() override;

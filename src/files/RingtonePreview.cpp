@@ -62,6 +62,7 @@ void RingtonePreview::Playing() {
 
 void RingtonePreview::cmdPlay_Click() {
   if (Is(kFirst)) {
+    if (pane_.SelectedRow() == nullptr) return;  // the folder was read anew meanwhile
     pane_.list().enabled = false;
     session_.cmdPlay.enabled = false;
     session_.commandState = job::kRingtonePreview;

@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "codecs/Faults.h"
 #include "tests/files/FilePagesBench.h"
 
@@ -141,6 +143,107 @@ TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnd
   EXPECT_FALSE(busyWindow.IsLoaded());
   EXPECT_FALSE(busyWindow.Animation1.playing);
   EXPECT_TRUE(host.IsEnding());
+}
+
+TEST_F(FilePageTest, AHostileNameNeverLeavesTheFolder) {
+  PutOnPhone("Phone/Evil/aaaevil", "evil");
+  PutOnPhone("Phone/Evil/aa", "evil");
+  Open();
+  Enter(u"Phone");
+  port.spoil = [](std::string& sent) {
+    for (const auto& [from, to] : {std::pair{"\"aaaevil\"", "\"../evil\""}, {"\"aa\"", "\"..\""}}) {
+      const auto place = sent.find(from);
+      if (place != std::string::npos) sent.replace(place, std::strlen(from), to);
+    }
+  };
+  Enter(u"Phone\\Evil");
+  std::filesystem::create_directories(folder.Path() / "deep/in");
+  ASSERT_EQ(session.lvwPhoneFile.Count(), 2);
+  for (int row = 0; row < 2; ++row) {
+    EXPECT_FALSE(fileService.FetchFile("00000000", WholeName(session.lvwPhoneFile.Row(row)),
+                                       folder.Path() / "deep/in"));
+    Choose(session.lvwPhoneFile, session.lvwPhoneFile.Cell(row, 0));
+    Press(session.icoDownload);
+  }
+  EXPECT_EQ(Boxes(), std::vector<Text>(2, Error(text::error::kReceiveFile)));
+  EXPECT_EQ(folder.Read("deep/evil"), "(none)");
+  EXPECT_EQ(std::filesystem::exists("/evil"), false);
+  ExpectIdle();
+}
+
+TEST_F(FilePageTest, ADropDoesWhatTheArrowDoesWithItsRules) {
+  PutOnPhone("Phone/Ringtones/Ode.mid", "MThd");
+  const auto song = folder.Write("song.mid", "MThd song");
+  const auto text = folder.Write("text.txt", "text");
+  OpenAndSearch("Ringtone", session.timerRingtone);
+  const auto drop = [&](const std::vector<std::filesystem::path>& dropped) {
+    host.RunEvent([&] { session.lvwPhoneRingtone.filesDropped(dropped); });
+    Tick(session.Timer1);
+    return Boxes();
+  };
+  using Told = std::vector<Text>;
+  EXPECT_EQ(drop({text}), Told{Word(text::interface_::kFileNotTaken)});
+  EXPECT_EQ(drop({folder.Path()}), Told{Word(text::interface_::kFileNotTaken)});
+  EXPECT_EQ(drop({song, song}), Told{Word(text::interface_::kOneFileAtATime)});
+  EXPECT_EQ(drop({song}), Told{Prompt(text::prompt::kFileSent)});
+  EXPECT_EQ(folder.Read("phone/Phone/Ringtones/song.mid"), "MThd song");
+  host.answers = {Answer::Cancel};
+  Choose(session.lvwPhoneRingtone, u"Ode");
+  PutOnComputer("Ringtone/ODE.MID", "here already");
+  FilePagesBench::Open("Ringtone");
+  Tick(session.timerRingtone);
+  Choose(session.lvwPhoneRingtone, u"Ode");
+  host.RunEvent([this] { session.lvwPCRingtone.rowsDropped(session.lvwPhoneRingtone); });
+  EXPECT_EQ(Boxes(), Told{Prompt(text::prompt::kReplaceFile)});
+  EXPECT_EQ(session.commandState, job::kIdlePoll);
+  Choose(session.lvwPCRingtone, u"ODE.MID");
+  host.RunEvent([this] { session.lvwPhoneRingtone.rowsDropped(session.lvwPCRingtone); });
+  Tick(session.Timer1);
+  EXPECT_EQ(Boxes(), (Told{Prompt(text::prompt::kReplaceFile), Prompt(text::prompt::kFileSent)}));
+  EXPECT_EQ(folder.Read("phone/Phone/Ringtones/ODE.MID"), "here already");
+}
+
+TEST_F(FilePageTest, DeleteAsksReadsAgainAndLeavesTheFile) {
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  EXPECT_FALSE(session.Toolbar1.Find("Delete")->enabled);
+  Choose(session.lvwPhoneFile, u"README");
+  EXPECT_TRUE(session.Toolbar1.Find("Delete")->enabled);
+  host.answers = {Answer::Cancel, Answer::Ok};
+  const auto press = [this] { host.RunEvent([this] { session.Toolbar1.clicked("Delete"); }); };
+  press();
+  EXPECT_EQ(session.commandState, job::kIdlePoll);
+  press();
+  EXPECT_EQ(session.commandState, job::kLoadFolder);
+  EXPECT_EQ(Boxes(), std::vector<Text>(2, Prompt(text::prompt::kDeleteFile)));
+  EXPECT_EQ(folder.Read("phone/Phone/Other/README"), "12345");
+}
+
+// What a fetch is, how far it is, and how fast.
+TEST_F(FilePageTest, TheBusyWindowShowsNameBytesAndRate) {
+  PutOnPhone("Phone/Other/" + std::string(200, 'n') + ".bin", std::string(3 << 20, 'x'));
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  Choose(session.lvwPhoneFile, Text(200, u'n'));
+  std::vector<Text> amounts;
+  int most = 0;
+  Connection follow = busyWindow.lblAmount.changed.Connect([&] {
+    amounts.push_back(busyWindow.lblAmount.text);
+    most = std::max(most, busyWindow.prgTransfer.value());
+    EXPECT_TRUE(busyWindow.lblAmount.visible);
+  });
+  Press(session.icoDownload);
+  EXPECT_EQ(busyWindow.Label1.text(),
+            Word(text::interface_::kTransferReceiving) + Text(200, u'n') + u".bin");
+  ASSERT_FALSE(amounts.empty());
+  EXPECT_TRUE(amounts.back().starts_with(u"3.0 MB of 3.0 MB")) << ToUtf8(amounts.back());
+  EXPECT_TRUE(amounts.back().ends_with(u" per second")) << ToUtf8(amounts.back());
+  EXPECT_EQ(most, 1000);
+  follow = Connection();
+  busyWindow.PhoneToPc(worker::kFileLoading, u"");
+  EXPECT_FALSE(busyWindow.lblAmount.visible || busyWindow.prgTransfer.visible);
 }
 
 // A transfer of this page starts straight from the click, outside any tick.

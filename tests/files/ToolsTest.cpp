@@ -16,7 +16,7 @@ TEST_F(ToolsTest, EachPageStartsItsOwn) {
     const char* action;
     const char* tool;
   } cases[] = {
-      {"MMS", "New", "SlideComposer.exe"}, {"Ringtone", "New", "ScoreWriter.exe"},
+      {"MMS", "New", "SlideComposer.exe"},    {"Ringtone", "New", "ScoreWriter.exe"},
       {"Ringtone", "Mp3", "TuneTrimmer.exe"}, {"Logo", "New", "PictureDesk"},
       {"Movie", "New", "ClipCutter.exe"},
   };
@@ -60,13 +60,15 @@ TEST(ProcessStarter, FindsAToolByEitherNameInOrder) {
                             (folder.Path() / "out").string() + "'\n";
   make("second/Tool", noted);
   make("second/Other.exe", noted);
-  make("second/broken", "\x7f" "ELF no program");
+  make("second/broken",
+       "\x7f"
+       "ELF no program");
   std::filesystem::create_directories(folder.Path() / "first/Tool");  // a folder is no tool
   folder.Write("first/Other", "no rights to run this");
   ProcessStarter starter({folder.Path() / "first", folder.Path() / "second"});
 
-  for (const auto& [asked, found] : {std::pair{"Tool.exe", "second/Tool"},
-                                     std::pair{"Other", "second/Other.exe"}}) {
+  for (const auto& [asked, found] :
+       {std::pair{"Tool.exe", "second/Tool"}, std::pair{"Other", "second/Other.exe"}}) {
     std::filesystem::remove(folder.Path() / "out");
     EXPECT_EQ(starter.Start(asked, {"a b", "$c"}).result, ToolStart::Result::Started);
     for (int wait = 0; wait < 1000 && folder.Read("out") == "(none)"; ++wait) {
