@@ -194,7 +194,7 @@ TEST_F(FilesTest, AMessageTemplateGoesToTheServiceWithoutFolders) {
   Choose(session.lvwPCMMS, "hello.tpl");
   ASSERT_TRUE(Press(session.icoUpload1));
   EXPECT_EQ(Boxes(), std::vector<Text>{Prompt(text::prompt::kFileSent)});
-  EXPECT_TRUE(folder.Read("phone/Phone/MMS/hello.tpl") == Content(2000));
+  EXPECT_TRUE(folder.Read("phone/.books/mms/hello.tpl") == Content(2000));
   Behave([](phonesim::Behaviour& b) {
     b.refusedOperations[phonesim::ObexOperation::Connect] = {0xC3, 1};
   });
