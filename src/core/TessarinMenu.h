@@ -15,6 +15,7 @@
 #include "controls/ListView.h"
 #include "controls/Menu.h"
 #include "controls/StatusBar.h"
+#include "controls/Steppers.h"
 #include "controls/Toolbar.h"
 #include "controls/TreeView.h"
 #include "controls/Window.h"
@@ -140,15 +141,24 @@ class TessarinMenu : public Window, public Session {
   Button icoUpload5{*this, "icoUpload5"};
   ComboBox comboStorage2{*this, "comboStorage2"};
 
-  // Calendar: the navigator of year, month and day, and three views.
+  // Calendar: the choice of the view, the navigator of year, month and day, and three views.
+  ComboBox ViewMode{*this, "ViewMode"};
   Label cYear{*this, "cYear"};
   TextBox Text1{*this, "Text1"};
-  Button UpDown1{*this, "UpDown1"};
+  UpDown UpDown1{*this, "UpDown1"};
   Label cMonth{*this, "cMonth"};
   ComboBox Combo2{*this, "Combo2"};
   Label cDay{*this, "cDay"};
   ComboBox Combo3{*this, "Combo3"};
+  Button cmdToday{*this, "cmdToday"};
+  Label lblPeriod{*this, "lblPeriod"};  // the month or the day that is shown
+  Panel frmAllEvent{*this, "frmAllEvent"};
   Grid MSHFlexGrid1{*this, "MSHFlexGrid1"};
+  Panel frmMonthlyEvent{*this, "frmMonthlyEvent"};
+  Grid MSHFlexGrid2{*this, "MSHFlexGrid2"};
+  Panel frmDailyEvent{*this, "frmDailyEvent"};
+  Grid MSHFlexGrid3{*this, "MSHFlexGrid3"};
+  Label lblNoEntries{*this, "lblNoEntries"};  // in place of the views of an empty calendar
 
   // Phonebook.
   TreeView tvwPhonePhonebook{*this, "tvwPhonePhonebook"};

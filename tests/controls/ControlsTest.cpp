@@ -183,8 +183,21 @@ TEST_F(ControlsTest, PanelsCellsAndEntriesThatAreNotThereRaise) {
   EXPECT_THROW(grid.SetText(2, 0, u"x"), BoundsError);
   EXPECT_THROW(grid.SetText(0, 3, u"x"), BoundsError);
   EXPECT_THROW(grid.SelectByUser(0, -1), BoundsError);
+  const int version = grid.version();
+  Changes(grid);
+  grid.SetText(1, 2, u"x");
+  grid.SelectByUser(1, 2);
+  EXPECT_EQ(grid.version(), version) << "neither changes a cell";
+  {
+    const Grid::Update outer(grid), inner(grid);
+    grid.SetBackground(1, 2, CellColour{0xFFCC99, 0x6B4A2B});
+    grid.SetColumnWidth(2, Grid::kFitToText);
+    EXPECT_EQ(Changes(grid), 1) << "the current cell alone";
+  }
+  EXPECT_EQ(Changes(grid), 1);
+  EXPECT_NE(grid.version(), version);
   grid.SetSize(2, 3);
-  EXPECT_EQ(grid.Cell(1, 2).text, u"");
+  EXPECT_EQ(grid.Cell(1, 2), GridCell());
 
   Menu menu(window_, "menu");
   MenuEntry file, language;

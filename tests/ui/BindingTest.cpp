@@ -181,7 +181,7 @@ TEST_F(BindingTest, TreeFollowsTheKeysOfItsNodes) {
 TEST_F(BindingTest, GridCellsBehindTheHeader) {
   sample.grid.SetText(0, 1, u"Subject");
   sample.grid.SetText(2, 1, u"Lunch");
-  sample.grid.SetBackground(2, 1, 0xFFFF00);
+  sample.grid.SetBackground(2, 1, CellColour{0xFFFF00, 0x404000});
   auto& view = Get<QAbstractItemView>("grid");
   EXPECT_EQ(view.model()->headerData(1, Qt::Horizontal).toString(), "Subject");
   EXPECT_EQ(view.model()->index(1, 1).data().toString(), "Lunch");

@@ -17,6 +17,7 @@
 #include "controls/Menu.h"
 #include "controls/OptionButton.h"
 #include "controls/StatusBar.h"
+#include "controls/Steppers.h"
 #include "controls/Toolbar.h"
 #include "controls/TreeView.h"
 
@@ -24,6 +25,7 @@ class QAbstractButton;
 class QAbstractItemView;
 class QCheckBox;
 class QComboBox;
+class QDateTimeEdit;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -59,10 +61,14 @@ class Binder : public QObject {
   QCheckBox* Bind(CheckBox& box);
   QRadioButton* Bind(OptionButton& option);
   QComboBox* Bind(ComboBox& box);
+  // The items beside each other as buttons, of which the selected one is pressed.
+  QWidget* BindAsButtons(ComboBox& box);
   QListWidget* Bind(ListBox& box);
   QTreeView* Bind(ListView& list);
   QTreeView* Bind(TreeView& tree);
   QTableView* Bind(Grid& grid);
+  QWidget* Bind(UpDown& arrows);
+  QDateTimeEdit* Bind(DateTimePicker& picker);
   QProgressBar* Bind(ProgressBar& bar);
   QWidget* Bind(Picture& picture, int width, int height);
   QWidget* Bind(Animation& animation, int width, int height);

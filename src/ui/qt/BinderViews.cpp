@@ -1,9 +1,8 @@
-// The bindings of lists, trees and grids.
+// The bindings of lists and trees.
 
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QSignalBlocker>
-#include <QTableView>
 #include <QTreeView>
 #include <utility>
 
@@ -175,35 +174,6 @@ QTreeView* Binder::Bind(TreeView& tree) {
     const Text key = TreeModel::Node(index).key;
     Act([&] { tree.ExpandByUser(key, false); });
   });
-  return widget;
-}
-
-QTableView* Binder::Bind(Grid& grid) {
-  auto* widget = new QTableView(&top_);
-  auto* model = new GridModel(grid, widget);
-  widget->setModel(model);
-  views_.push_back(widget);
-  widget->verticalHeader()->hide();
-  widget->setSelectionMode(QAbstractItemView::SingleSelection);
-  widget->setContextMenuPolicy(Qt::CustomContextMenu);
-  BindState(grid, *widget, [&grid, widget, model] {
-    const QSignalBlocker quiet(widget->selectionModel());
-    model->Reset();
-    for (int column = 0; column < grid.Columns(); ++column) {
-      widget->setColumnWidth(column, grid.ColumnWidth(column));
-    }
-    if (grid.CurrentRow() > 0) {
-      widget->setCurrentIndex(model->index(grid.CurrentRow() - 1, grid.CurrentColumn()));
-    }
-  });
-  connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this, &grid](const QModelIndex& index) {
-            if (!index.isValid()) return;
-            Act([&, row = index.row(), column = index.column()] {
-              grid.SelectByUser(row + 1, column);
-            });
-          });
-  connect(widget, &QTableView::activated, this, [this, &grid] { Act([&] { grid.activated(); }); });
   return widget;
 }
 

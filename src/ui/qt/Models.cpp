@@ -1,6 +1,5 @@
 #include "ui/qt/Models.h"
 
-#include <QColor>
 #include <QFont>
 
 #include "ui/qt/Convert.h"
@@ -115,32 +114,6 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return ToQt(node.text);
   if (role != Qt::DecorationRole) return {};
   return Icon(node.key == tree_.SelectedKey() ? node.selectedImage : node.image);
-}
-
-GridModel::GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
-
-void GridModel::Reset() {
-  beginResetModel();
-  endResetModel();
-}
-
-int GridModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : std::max(0, grid_.Rows() - 1);
-}
-
-int GridModel::columnCount(const QModelIndex&) const { return grid_.Columns(); }
-
-QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const GridCell& cell = grid_.Cell(index.row() + 1, index.column());
-  if (role == Qt::DisplayRole) return ToQt(cell.text);
-  if (role == Qt::FontRole) return BoldFont(cell.bold);
-  if (role == Qt::BackgroundRole && cell.background) return QColor(QRgb(*cell.background));
-  return {};
-}
-
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || grid_.Rows() == 0) return {};
-  return ToQt(grid_.Cell(0, section).text);
 }
 
 }  // namespace tessarin

@@ -5,7 +5,6 @@
 #include <QAbstractItemModel>
 #include <QAbstractTableModel>
 
-#include "controls/Grid.h"
 #include "controls/ListView.h"
 #include "controls/TreeView.h"
 
@@ -47,21 +46,6 @@ class TreeModel : public QAbstractItemModel {
   const std::vector<std::unique_ptr<TreeNode>>& Children(const QModelIndex& parent) const;
 
   TreeView& tree_;
-};
-
-// Row 0 of the grid is the header.
-class GridModel : public QAbstractTableModel {
- public:
-  explicit GridModel(Grid& grid, QObject* parent);
-  void Reset();
-
-  int rowCount(const QModelIndex& parent) const override;
-  int columnCount(const QModelIndex& parent) const override;
-  QVariant data(const QModelIndex& index, int role) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
- private:
-  Grid& grid_;
 };
 
 }  // namespace tessarin

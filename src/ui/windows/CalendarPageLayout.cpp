@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
 
 #include "core/PageTable.h"
@@ -11,20 +12,60 @@
 
 namespace tessarin {
 
+namespace {
+
+QHBoxLayout* Navigator(TessarinMenu& window, Binder& bind) {
+  auto* row = new QHBoxLayout;
+  row->addWidget(bind.BindAsButtons(window.ViewMode));
+  row->addSpacing(kMargin);
+  row->addWidget(bind.Bind(window.cYear));
+  auto* year = bind.Bind(window.Text1);
+  year->setFixedWidth(60);
+  row->addWidget(year);
+  row->addWidget(bind.Bind(window.UpDown1));
+  row->addSpacing(kGap);
+  row->addWidget(bind.Bind(window.cMonth));
+  row->addWidget(bind.Bind(window.Combo2));
+  row->addSpacing(kGap);
+  row->addWidget(bind.Bind(window.cDay));
+  row->addWidget(bind.Bind(window.Combo3));
+  row->addSpacing(kGap);
+  row->addWidget(bind.Bind(window.cmdToday));
+  row->addStretch(1);
+  return row;
+}
+
+QTableView* AddView(Panel& frame, Grid& grid, QVBoxLayout& column, Binder& bind) {
+  auto* panel = bind.Bind(frame);
+  auto* inside = new QVBoxLayout(panel);
+  inside->setContentsMargins(0, 0, 0, 0);
+  auto* view = bind.Bind(grid);
+  inside->addWidget(view);
+  column.addWidget(panel, 1);
+  return view;
+}
+
+}  // namespace
+
 void LayOutCalendarPage(TessarinMenu& window, QWidget& panel, Binder& bind) {
   auto* column = PageColumn(window, kCalendarPanel, panel, bind);
-  auto* navigator = new QHBoxLayout;
-  navigator->addWidget(bind.Bind(window.cYear));
-  auto* year = bind.Bind(window.Text1);
-  year->setFixedWidth(70);
-  navigator->addWidget(year);
-  navigator->addWidget(bind.Bind(window.cMonth));
-  navigator->addWidget(bind.Bind(window.Combo2));
-  navigator->addWidget(bind.Bind(window.cDay));
-  navigator->addWidget(bind.Bind(window.Combo3));
-  navigator->addStretch(1);
-  column->addLayout(navigator);
-  column->addWidget(bind.Bind(window.MSHFlexGrid1), 1);
+  column->addLayout(Navigator(window, bind));
+  auto* period = AsHeading(bind.Bind(window.lblPeriod), 1.2);
+  bind.Follow(window.lblPeriod, [period] { period->setVisible(!period->text().isEmpty()); });
+  column->addWidget(period);
+  AddView(window.frmAllEvent, window.MSHFlexGrid1, *column, bind);
+  auto* sheet = AddView(window.frmMonthlyEvent, window.MSHFlexGrid2, *column, bind);
+  auto* day = AddView(window.frmDailyEvent, window.MSHFlexGrid3, *column, bind);
+  auto* none = bind.Bind(window.lblNoEntries);
+  none->setAlignment(Qt::AlignCenter);
+  none->setForegroundRole(QPalette::PlaceholderText);
+  column->addWidget(none, 1);
+  // The keys go on working in the day that was opened in the sheet.
+  const auto followToDay = [day] {
+    if (day->isVisible()) day->setFocus();
+  };
+  QObject::connect(sheet, &QTableView::clicked, day, followToDay, Qt::QueuedConnection);
+  QObject::connect(sheet, &QTableView::activated, day, followToDay, Qt::QueuedConnection);
 }
 
 }  // namespace tessarin
