@@ -31,13 +31,17 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
       tools_({folders.program, files_.Path(u"\\Tools")}),
       filePages_(session_, link_, busyWindow_, tools_, player == nullptr ? player_ : *player),
       phonebookLists_(files_),
-      phonebookPage_(session_, link_, busyWindow_, phonebookLists_) {
+      phonebookPage_(session_, link_, busyWindow_, phonebookLists_),
+      calendarLists_(files_, language_, clock_),
+      calendarPage_(session_, link_, busyWindow_, calendarLists_) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
+  session_.AddPart(calendarLists_);
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(phonebookPage_);
-  for (const int panel : {1, kCalendarPanel}) {
+  session_.AddPage(calendarPage_);
+  for (const int panel : {1}) {
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
     session_.AddPage(*plainPages_.back());
   }

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "calendar/CalendarLists.h"
+#include "calendar/CalendarPage.h"
 #include "codecs/modDate.h"
 #include "codecs/modFile.h"
 #include "controls/WindowHost.h"
@@ -52,6 +54,8 @@ class Program {
   PhonebookPage& phonebookPage() { return phonebookPage_; }
   frmSplashTransmission& busyWindow() { return busyWindow_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
+  CalendarPage& calendarPage() { return calendarPage_; }
+  CalendarLists& calendarLists() { return calendarLists_; }
   const PhoneLink& link() const { return link_; }
 
  private:
@@ -77,6 +81,8 @@ class Program {
   FilePages filePages_;
   PhonebookLists phonebookLists_;
   PhonebookPage phonebookPage_;
+  CalendarLists calendarLists_;
+  CalendarPage calendarPage_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 

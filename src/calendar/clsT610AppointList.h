@@ -11,6 +11,8 @@
 
 #include "calendar/OutlookFacts.h"
 #include "calendar/clsT610Appoint.h"
+#include "core/PhoneLink.h"
+#include "core/TessarinMenu.h"
 
 namespace tessarin {
 
@@ -53,6 +55,13 @@ class clsT610AppointList {
   void LoadT610AppointList(const std::filesystem::path& file);
   // An error ends it silently and leaves the old file whole.
   void WriteContactToFile(const std::filesystem::path& file) const;
+
+  // Writes one entry to the phone over a session of its own: replaces the entry of its LUID, or
+  // adds one when it has none. Gives the new LUID; empty text for a replaced entry, and also when
+  // no session came about; "-1" when the phone refused the entry. Both failures show a message.
+  // Throws ConversionError, before anything is sent, when a time does not read.
+  static Text WriteAppointToMobile(const clsT610Appoint& appoint, TessarinMenu& session,
+                                   const PhoneLink& link);
 
  private:
   int Find(TextView id, int field) const;

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "codecs/Faults.h"
 #include "codecs/FixedText.h"
 #include "codecs/modDate.h"
 
@@ -35,11 +36,22 @@ struct CalendarRecord {
 
 namespace vcard {
 
+// A time of an entry does not read.
+class EntryTimeError : public ConversionError {
+ public:
+  explicit EntryTimeError(std::size_t entry) : entry_(entry) {}
+  // Its place among the records, from 0. Its words were read.
+  std::size_t entry() const noexcept { return entry_; }
+
+ private:
+  std::size_t entry_;
+};
+
 // Reads the first `count` entries into the elements of `records`, which must be as many at least.
 // An entry without a start, end, category or LUID of its own keeps what its element held; "EVENT"
 // is stored for BEGIN:VEVENT only. Parameters on DTSTART, DTEND and AALARM make the line another
 // property than those read.
-// Throws ConversionError for a time that does not read, and BoundsError when the text or `records`
+// Throws EntryTimeError for a time that does not read, and BoundsError when the text or `records`
 // ends too early; the entries before that one stay filled.
 void DecodeVCalendars(TextView text, std::int16_t count, std::vector<CalendarRecord>& records,
                       const Clock& clock);

@@ -62,6 +62,7 @@ class EntryReader {
     record.Location = u"";
     record.AlarmTime = u"";
     // Tasks are told from events by having no type.
+    stamps_.clear();
     record.EntryType = LineAt(lines_, index_) == u"BEGIN:VEVENT" ? u"EVENT" : u"";
     do {
       ++index_;
@@ -69,23 +70,25 @@ class EntryReader {
       // A value may have gone on in further lines.
     } while (!IsEndOfEntry(LineAt(lines_, index_ + 1)));
     ++index_;
+    // Times come last, so that an entry whose time does not read can be called by its name.
+    for (const auto& [field, stamp] : stamps_) *field = StampToLocalText(stamp, clock_);
   }
 
  private:
   void ReadProperty(CalendarRecord& record) {
     const auto parts = Split(LineAt(lines_, index_), u":");
     const Text& name = parts[0];
-    if (name == u"DTSTART") record.StartTime = Stamp(parts);
-    if (name == u"DTEND") record.EndTime = Stamp(parts);
-    if (name == u"AALARM") record.AlarmTime = Stamp(parts);
+    if (name == u"DTSTART") Keep(record.StartTime, parts);
+    if (name == u"DTEND") Keep(record.EndTime, parts);
+    if (name == u"AALARM") Keep(record.AlarmTime, parts);
     if (name == u"CATEGORIES") record.Category = LineAt(parts, 1);
     if (name == u"X-IRMC-LUID") record.Luid = LineAt(parts, 1);
     if (name.starts_with(u"SUMMARY")) record.Summary = Words(name);
     if (name.starts_with(u"LOCATION")) record.Location = Words(name);
   }
 
-  Text Stamp(const std::vector<Text>& parts) const {
-    return StampToLocalText(LineAt(parts, 1), clock_);
+  void Keep(FixedText<20>& field, const std::vector<Text>& parts) {
+    stamps_.emplace_back(&field, LineAt(parts, 1));
   }
 
   // What stands behind the name; the CHARSET is not looked at, for the whole calendar came decoded.
@@ -99,6 +102,7 @@ class EntryReader {
   const std::vector<Text>& lines_;
   std::size_t& index_;
   const Clock& clock_;
+  std::vector<std::pair<FixedText<20>*, Text>> stamps_;
 };
 
 }  // namespace
@@ -110,7 +114,11 @@ void DecodeVCalendars(TextView text, std::int16_t count, std::vector<CalendarRec
   EntryReader reader(lines, index, clock);
   for (std::int16_t i = 0; i < count; ++i) {
     if (static_cast<std::size_t>(i) >= records.size()) throw BoundsError();
-    reader.Read(records[static_cast<std::size_t>(i)]);
+    try {
+      reader.Read(records[static_cast<std::size_t>(i)]);
+    } catch (const ConversionError&) {
+      throw EntryTimeError(static_cast<std::size_t>(i));
+    }
     index += kLinesBetween;
   }
 }

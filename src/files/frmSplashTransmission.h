@@ -19,6 +19,7 @@ namespace worker {
 inline constexpr std::int16_t kUploading = 1;
 inline constexpr std::int16_t kDownloading = 2;
 inline constexpr std::int16_t kFileLoading = 4;
+inline constexpr std::int16_t kCalendarLoading = 5;
 inline constexpr std::int16_t kPMPhonebookLoading = 6;
 inline constexpr std::int16_t kSIMPhonebookLoading = 7;
 inline constexpr std::int16_t kPicturePreview = 10;

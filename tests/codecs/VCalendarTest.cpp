@@ -149,8 +149,14 @@ TEST(VCalendarReader, FaultsLeaveTheEntriesBefore) {
   }
   for (const auto* stamp : {u"20040615", u"", u"2004-06-15T10:00", u"20040615T990000Z"}) {
     auto records = fresh;
-    EXPECT_THROW(fill(Event({u"DTSTART:" + Text(stamp)}), records), ConversionError);
+    try {
+      fill(Event({u"DTSTART:" + Text(stamp), u"SUMMARY:bad"}), records);
+      ADD_FAILURE() << ToUtf8(stamp);
+    } catch (const vcard::EntryTimeError& fault) {
+      EXPECT_EQ(fault.entry(), 1u);
+    }
     EXPECT_EQ(records[0].Summary.Trimmed(), u"good");
+    EXPECT_EQ(records[1].Summary.Trimmed(), u"bad");
   }
   std::vector<CalendarRecord> tooFew(1);
   EXPECT_THROW(fill(good, tooFew), BoundsError);

@@ -146,6 +146,25 @@ TEST_P(FitTest, MainWindowWithAndWithoutAPhone) {
   }
 }
 
+TEST_P(FitTest, CalendarViews) {
+  CalendarRecord record;
+  record.StartTime = u"31/12/2004 10:00:00";
+  record.Summary = u"Meeting";
+  record.EntryType = u"EVENT";
+  const std::vector<CalendarRecord> records = {record};
+  CalendarNavigator navigator(session(), [] {});
+  CalendarViews views(session(), navigator);
+  views.Take(records);
+  navigator.Choose(modDate::PackDate(2004, 12, 31));
+  ConnectPhone();
+  session().ShowPage(kCalendarPanel);
+  for (const int view : {0, 1, 2}) {
+    session().ViewMode.Select(view);
+    views.ShowView();
+    for (const QSize size : {QSize(800, 560), QSize(1000, 680)}) ExpectWordsFit(session(), size);
+  }
+}
+
 TEST_P(FitTest, SearchWindowWithEverySentence) {
   auto& splash = program_->supervisor().splash();
   splash.Show(Modality::Modeless);
@@ -174,6 +193,8 @@ TEST_P(FitTest, Dialogs) {
   frmAbout about(host_, session().language());
   frmPhoneInfo info(session());
   info.LabManu.text = u"Ericsson Mobile Communications";
+  frmAddEvent& event = program_->calendarPage().editor();
+  event.initializeForm();
   info.LabIMEI.text = u"123456789012345";
   frmAddContact& contact = program_->phonebookPage().editor();
   PhoneMemories& memories = program_->phonebookPage().memories();
@@ -181,7 +202,7 @@ TEST_P(FitTest, Dialogs) {
   copy.SetContact(u"Maximiliane Mustermann",
                   {{u"Fax", u"0123456789012345678901234567890123456789"}});
   for (Window* window :
-       std::initializer_list<Window*>{&asking, &progress, &about, &info, &contact, &copy}) {
+       std::initializer_list<Window*>{&asking, &progress, &about, &info, &contact, &copy, &event}) {
     window->Show(Modality::Modeless);
     ExpectWordsFit(*window);
     window->Unload();

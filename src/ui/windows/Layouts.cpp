@@ -1,5 +1,6 @@
 #include "ui/windows/Layouts.h"
 
+#include "calendar/frmAddEvent.h"
 #include "core/Asking.h"
 #include "core/TessarinMenu.h"
 #include "core/bar.h"
@@ -34,6 +35,7 @@ std::vector<Layout> AllLayouts() {
       Of<frmAbout>("frmAbout", Kind::Dialog),
       Of<frmAddContact>("frmAddContact", Kind::Dialog),
       Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
+      Of<frmAddEvent>("frmAddEvent", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmOverwrite>("frmOverwrite", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
