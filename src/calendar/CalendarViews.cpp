@@ -88,11 +88,14 @@ void CalendarViews::ShowNone() {
   ShowCount(0);
 }
 
+// The frame that stands already is not hidden for a moment: it would lose the keys.
 void CalendarViews::ShowFrame(CalendarView view) {
-  Hide();
-  Panel* const frames[] = {&session_.frmAllEvent, &session_.frmMonthlyEvent,
-                           &session_.frmDailyEvent};
-  frames[static_cast<int>(view)]->visible = true;
+  const std::pair<Panel*, CalendarView> frames[] = {
+      {&session_.frmAllEvent, CalendarView::All},
+      {&session_.frmMonthlyEvent, CalendarView::Month},
+      {&session_.frmDailyEvent, CalendarView::Day}};
+  for (const auto& [frame, ofFrame] : frames) frame->visible = ofFrame == view;
+  ShowPeriod(u"");
   navigator_.Enable(view != CalendarView::All, view == CalendarView::Day);
 }
 

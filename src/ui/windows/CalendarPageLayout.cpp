@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <utility>
 
 #include "core/PageTable.h"
 #include "ui/windows/PageLayouts.h"
@@ -35,14 +36,17 @@ QHBoxLayout* Navigator(TessarinMenu& window, Binder& bind) {
   return row;
 }
 
-QTableView* AddView(Panel& frame, Grid& grid, QVBoxLayout& column, Binder& bind) {
+// A view that comes to the front takes the keys, which move through its days.
+void AddView(Panel& frame, Grid& grid, QVBoxLayout& column, Binder& bind) {
   auto* panel = bind.Bind(frame);
   auto* inside = new QVBoxLayout(panel);
   inside->setContentsMargins(0, 0, 0, 0);
   auto* view = bind.Bind(grid);
   inside->addWidget(view);
   column.addWidget(panel, 1);
-  return view;
+  bind.Follow(frame, [&frame, view, wasVisible = bool{frame.visible}]() mutable {
+    if (!std::exchange(wasVisible, bool{frame.visible}) && frame.visible) view->setFocus();
+  });
 }
 
 }  // namespace
@@ -54,18 +58,12 @@ void LayOutCalendarPage(TessarinMenu& window, QWidget& panel, Binder& bind) {
   bind.Follow(window.lblPeriod, [period] { period->setVisible(!period->text().isEmpty()); });
   column->addWidget(period);
   AddView(window.frmAllEvent, window.MSHFlexGrid1, *column, bind);
-  auto* sheet = AddView(window.frmMonthlyEvent, window.MSHFlexGrid2, *column, bind);
-  auto* day = AddView(window.frmDailyEvent, window.MSHFlexGrid3, *column, bind);
+  AddView(window.frmMonthlyEvent, window.MSHFlexGrid2, *column, bind);
+  AddView(window.frmDailyEvent, window.MSHFlexGrid3, *column, bind);
   auto* none = bind.Bind(window.lblNoEntries);
   none->setAlignment(Qt::AlignCenter);
   none->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(none, 1);
-  // The keys go on working in the day that was opened in the sheet.
-  const auto followToDay = [day] {
-    if (day->isVisible()) day->setFocus();
-  };
-  QObject::connect(sheet, &QTableView::clicked, day, followToDay, Qt::QueuedConnection);
-  QObject::connect(sheet, &QTableView::activated, day, followToDay, Qt::QueuedConnection);
 }
 
 }  // namespace tessarin
