@@ -39,6 +39,8 @@ void CalendarPage::PrepareControls() {
     list->activated.Always([this] { ListActivated(); });
     list->keyPressed = [this](GridKey key) { return ListKey(key); };
   }
+  session_.MSHFlexGrid3.contextMenuRequested.Always(
+      [this] { session_.MainMenu.PopUp("mnuClickCalendar"); });
   Grid& sheet = session_.MSHFlexGrid2;
   sheet.fillsPlace = true;
   sheet.font = GridFont{"Arial", 12, true};
@@ -121,7 +123,9 @@ void CalendarPage::NewEvent() {
   editor_.Show(Modality::Modal);
 }
 
+// Rows that are about to be read anew show what the phone no longer holds.
 void CalendarPage::EditCalendarEntry(TextView luid) {
+  if (session_.commandState == job::kLoadCalendar) return;
   const auto record = std::find_if(
       records_.begin(), records_.end(),
       [luid](const CalendarRecord& candidate) { return candidate.Luid.Trimmed() == luid; });

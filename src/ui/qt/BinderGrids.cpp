@@ -5,12 +5,14 @@
 #include <QDateTimeEdit>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 #include "controls/WindowHost.h"
 #include "ui/qt/Binder.h"
 #include "ui/qt/Convert.h"
 #include "ui/qt/GridView.h"
+#include "ui/qt/Icons.h"
 
 namespace tessarin {
 
@@ -124,6 +126,26 @@ DateValue ValueOf(const QDateTime& moment) {
 
 }  // namespace
 
+namespace {
+
+// The month looks like the calendar's own sheet, whatever the style's arrows and colours are.
+void PrepareMonth(QCalendarWidget& month) {
+  month.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  month.setFirstDayOfWeek(Qt::Sunday);
+  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+    month.setWeekdayTextFormat(day, month.weekdayTextFormat(Qt::Monday));
+  }
+  const std::pair<const char*, const char*> arrows[] = {{"qt_calendar_prevmonth", "back"},
+                                                        {"qt_calendar_nextmonth", "next"}};
+  for (const auto& [name, image] : arrows) {
+    if (auto* arrow = month.findChild<QToolButton*>(QLatin1String(name))) {
+      arrow->setIcon(Icon(image));
+    }
+  }
+}
+
+}  // namespace
+
 // The moment is one without a zone: a time of day that a zone's clock skips is a time all the same.
 QDateTimeEdit* Binder::Bind(DateTimePicker& picker) {
   auto* widget = new QDateTimeEdit(&top_);
@@ -131,7 +153,7 @@ QDateTimeEdit* Binder::Bind(DateTimePicker& picker) {
   const bool isDate = picker.kind() == DateTimePicker::Kind::Date;
   widget->setDisplayFormat(isDate ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("HH:mm"));
   widget->setCalendarPopup(isDate);
-  if (isDate) widget->calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  if (isDate) PrepareMonth(*widget->calendarWidget());
   BindState(picker, *widget, [&picker, widget] {
     const QSignalBlocker quiet(widget);
     const QDateTime moment = MomentOf(picker.value);

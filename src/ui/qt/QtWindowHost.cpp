@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -256,6 +257,7 @@ Answer QtWindowHost::DoMessageBox(const Text& text, MessageKind kind, MessageBut
 
 void QtWindowHost::WordsChanged() {
   const QString language = QString::fromStdString(words().isoCode);
+  QLocale::setDefault(QLocale(language));  // the names of months and days in Qt's own parts
   QCoreApplication::removeTranslator(&dialogWords_);
   const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
   if (dialogWords_.load(QStringLiteral("qtbase_") + language, folder)) {
