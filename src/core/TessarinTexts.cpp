@@ -21,11 +21,11 @@ struct Column {
   bool visible = true;
 };
 
-const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 240},
-                                               {words::kColumnPhoneSize, 90, true},
-                                               {words::kColumnFileType, 80}};
-const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 200},
-                                                  {words::kColumnComputerSize, 100, true},
+const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
+                                               {words::kColumnPhoneSize, 70, true},
+                                               {words::kColumnFileType, 60}};
+const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 160},
+                                                  {words::kColumnComputerSize, 90, true},
                                                   {words::kColumnFileType, 110},
                                                   {words::kColumnComputerDate, 130}};
 const std::vector<Column> kMessageColumns = {{-1, 30},

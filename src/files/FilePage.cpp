@@ -118,7 +118,6 @@ void FilePage::FindMmsFolder() {
                                    [](const Text& name) { return ToLower(name) == u"mms"; });
   mmsRoot_ = folder == names.end() ? Text() : *folder;
   if (!mmsRoot_.empty()) return;
-  phone_.Clear(words::kMmsUnavailable);
   phone_.ShowNote(shared_.session.language().getTSInterfaceStr(words::kMmsUnavailable));
 }
 

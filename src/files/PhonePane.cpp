@@ -15,6 +15,7 @@ namespace words = text::interface_;
 namespace {
 
 constexpr int kSizeColumn = 1;
+constexpr int kNoReason = -1;
 // No phone of the make nests folders as deep; one that never ends is left there.
 constexpr int kDeepest = 12;
 
@@ -41,7 +42,9 @@ void PhonePane::ColumnClicked(int column) {
 void PhonePane::SayWhyEmpty(int interfaceText) {
   whyEmpty_ = interfaceText;
   // One of the reasons names what could not be read.
-  list_.emptyText = session_.language().Filled(interfaceText, {session_.phoneModel});
+  list_.emptyText = interfaceText == kNoReason
+                        ? Text()
+                        : session_.language().Filled(interfaceText, {session_.phoneModel});
 }
 
 void PhonePane::Clear(int whyEmpty) {
@@ -53,7 +56,7 @@ void PhonePane::Clear(int whyEmpty) {
 }
 
 void PhonePane::ShowNote(const Text& note) {
-  tree_.Clear();
+  Clear(kNoReason);
   tree_.Add(u"", note, note, "info", "info");
 }
 

@@ -26,7 +26,7 @@ class PhonePane {
 
   // Nothing is known of the phone; the list says why, by an interface text.
   void Clear(int whyEmpty);
-  // In place of folders a single node that says something.
+  // Nothing is shown of the phone but a single node that says something.
   void ShowNote(const Text& note);
   // An empty list says why it is empty, in the present language.
   void ApplyTexts() { SayWhyEmpty(whyEmpty_); }

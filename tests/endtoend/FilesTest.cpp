@@ -3,6 +3,7 @@
 #include "codecs/Faults.h"
 #include "core/PageTable.h"
 #include "tests/endtoend/EndToEnd.h"
+#include "tests/support/ComputerTree.h"
 
 namespace tessarin {
 namespace {
@@ -79,19 +80,7 @@ class FilesTest : public EndToEnd {
       ASSERT_TRUE(Does([&] { panes.phoneTree.SelectByUser(key); }));
     }
     EXPECT_EQ(panes.phoneTree.SelectedKey(), page.phoneFolder);
-    OpenOnComputer(panes.computerTree, folder.Path() / page.computerFolder);
-  }
-  void OpenOnComputer(TreeView& tree, const fs::path& wanted) {
-    Text node = tree.roots()[0]->key;
-    for (const fs::path& step : wanted.relative_path()) {
-      host.RunEvent([&] { tree.ExpandByUser(node, true); });
-      for (const auto& child : tree.Find(node)->children) {
-        if (child->text != FromUtf8(step.string())) continue;
-        node = child->key;
-        break;
-      }
-    }
-    host.RunEvent([&] { tree.SelectByUser(node); });
+    OpenOnComputer(host, panes.computerTree, folder.Path() / page.computerFolder);
   }
   void Choose(ListView& list, const std::string& name) {
     host.RunEvent([&] {

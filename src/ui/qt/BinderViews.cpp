@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QItemSelection>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTreeView>
 #include <utility>
@@ -142,12 +143,19 @@ QTreeView* Binder::Bind(TreeView& tree) {
   // By rows, Qt takes a node's place among its siblings for its place in the whole tree when a
   // screen reader selects it. There is one column, so this looks the same.
   widget->setSelectionBehavior(QAbstractItemView::SelectItems);
-  BindState(tree, *widget, [&tree, widget, model] {
+  auto shown = std::make_shared<Text>();
+  BindState(tree, *widget, [&tree, widget, model, shown] {
     const QSignalBlocker quiet(widget);
     const QSignalBlocker quietSelection(widget->selectionModel());
+    const int place = widget->verticalScrollBar()->value();
     model->Reset();
     ShowNodes(tree.roots(), *model, *widget);
-    widget->setCurrentIndex(model->IndexOf(tree.Find(tree.SelectedKey())));
+    const auto current = model->IndexOf(tree.Find(tree.SelectedKey()));
+    widget->setCurrentIndex(current);
+    widget->verticalScrollBar()->setValue(place);
+    // A node that was just selected is brought into view; what the user has scrolled to stays.
+    if (*shown != tree.SelectedKey()) widget->scrollTo(current);
+    *shown = tree.SelectedKey();
     widget->viewport()->update();
   });
   const auto chosen = [this, &tree](const QModelIndex& index) {

@@ -55,7 +55,7 @@ QHBoxLayout* Player(TessarinMenu& window, Binder& bind) {
 // The list of files, beside it what is seen of the one that is selected.
 QSplitter* WithPreview(QTreeView* list, Picture& preview, Binder& bind) {
   auto* both = Splitter(Qt::Horizontal, {list, bind.Bind(preview, 140, 140)});
-  both->setSizes({300, 170});
+  both->setSizes({280, 150});
   both->setStretchFactor(0, 1);
   return both;
 }
@@ -99,7 +99,7 @@ void LayOutFilePage(TessarinMenu& window, const FilePanes& panes, QWidget& panel
   QWidget* phone = PhoneSide(window, panes, bind);
   const int headHeight = phone->layout()->itemAt(0)->sizeHint().height();
   auto* both = Splitter(Qt::Horizontal, {phone, ComputerSide(panes, headHeight, bind)});
-  both->setSizes({500, 500});
+  both->setSizes({440, 560});
   column->addWidget(both, 1);
 }
 
