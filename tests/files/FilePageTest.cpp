@@ -145,7 +145,7 @@ TEST_F(FilePageTest, TheBusyWindowStandsWhileThePhoneIsReadAndGoesHoweverThatEnd
     moving += ToUtf8(window->Animation1.file()) + (window->Animation1.playing ? " plays" : "");
     throw BoundsError();
   };
-  Open();
+  FilePagesBench::Open("File");
   EXPECT_EQ(moving, "\\data transfer MPtoPC.avi plays");
   EXPECT_EQ(host.boxes.size(), 1u);
   EXPECT_FALSE(busyWindow.IsLoaded());

@@ -57,6 +57,7 @@ void ShowSelection(const ListView& list, QTreeView& view) {
 
 void ShowColumns(const ListView& list, QTreeView& view, std::vector<ListColumn>& shown) {
   const auto& columns = list.columns();
+  view.header()->setSortIndicatorShown(true);  // a head has room for the arrow before it has one
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const bool known = i < shown.size() && shown[i] == columns[i];
     const int section = static_cast<int>(i);
