@@ -23,9 +23,10 @@ std::string Octet(int value) {
   return modHexStr::BytesToHex({static_cast<std::uint8_t>(value & 0xFF)});
 }
 
-// The digits in pairs, the first of each pair behind the second; an odd last one goes with "F".
+// The digits in pairs, the first of each pair behind the second; an odd last one goes with "F". A
+// star is the digit A, a hash B.
 std::string SwappedNumber(TextView number) {
-  std::string digits = ToUtf8(number);
+  std::string digits = ToUtf8(Replace(Replace(number, u"*", u"A"), u"#", u"B"));
   if (digits.size() % 2 != 0) digits += 'F';
   for (std::size_t i = 0; i + 1 < digits.size(); i += 2) std::swap(digits[i], digits[i + 1]);
   return digits;

@@ -242,6 +242,7 @@ TEST(BuildPDUHeader, HoldsNumberTypeAndCoding) {
        "00510005812143F500"
        "08FF",
        u"12345"},
+      {u"*1#", 0, 3, "00110003811AFB0000FF", u"*1#"},
       {u"", 0, 0,
        "001100008100"
        "00FF",
