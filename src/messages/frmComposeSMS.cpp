@@ -106,6 +106,9 @@ void frmComposeSMS::ApplyTexts() {
   Text1.accessibleName = lblTo.text();
   RichTextBox1.accessibleName = lblMessage.text();
   List1.accessibleName = Label6.caption();
+  Frame1.accessibleName = word(words::kComposerMore);
+  Frame2.accessibleName = Label5.caption();
+  Frame3.accessibleName = Label6.caption();
 }
 
 void frmComposeSMS::ShowSide(bool shown) {

@@ -247,17 +247,6 @@ TEST_P(FitTest, MessageWindows) {
   }
 }
 
-TEST_P(FitTest, TheQuestionBeforeAContactIsReplaced) {
-  std::int16_t mode = overwrite::kYes;
-  frmOverwrite replace(host_, session().language(), mode);
-  for (Label& record : replace.lblOverwrite) {
-    record.text = u"Ericsson Mobile Communications\r\nHome: +44 1234 567890\r\n15/06/2004 12:00:00";
-  }
-  replace.Show(Modality::Modeless);
-  ExpectWordsFit(replace);
-  replace.Unload();
-}
-
 INSTANTIATE_TEST_SUITE_P(EveryLanguage, FitTest, testing::Range(0, 9), [](const auto& language) {
   return std::string(kLanguages[static_cast<std::size_t>(language.param)].menuKey);
 });
