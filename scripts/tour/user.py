@@ -60,14 +60,22 @@ class User:
     def _choose(self, *path):
         """Opens one menu after the other by the names of their words, and chooses the last entry."""
         *menus, entry = (self._words[each] for each in path)
-        below = self._root
+
+        def reach():
+            """The entry, its menus being opened; a window that comes up meanwhile closes them."""
+            opened.clear()
+            below = self._root
+            for name in menus:
+                below = below.find("menu item", name)
+                if not below:
+                    return None
+                if not below.children[0].showing:
+                    below.act("ShowMenu")
+                opened.append(below)
+            return below.find("menu item", entry)
+
         opened = []
-        for name in menus:
-            below = wait(f"menu “{name}”", lambda: below.find("menu item", name), LIMIT)
-            if not below.children[0].showing:
-                below.act("ShowMenu")
-            opened.append(below)
-        wait(f"menu item “{entry}”", lambda: below.find("menu item", entry), LIMIT).act("Press")
+        wait(f"menu item “{entry}”", reach, LIMIT).act("Press")
         for menu in reversed(opened):  # unlike a click, this leaves the menus open
             if menu.children[0].showing:
                 menu.act("ShowMenu")
