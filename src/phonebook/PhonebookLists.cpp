@@ -1,5 +1,7 @@
 #include "phonebook/PhonebookLists.h"
 
+#include "codecs/ListFile.h"
+
 namespace tessarin {
 
 namespace {
@@ -20,7 +22,7 @@ void PhonebookLists::PhoneFound() {
   damagedLines_ = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
   phoneContacts = std::make_unique<clsT610ContactList>();
   phoneContacts->ListType = -1;
-  unreadLines_ = ReadContactLines(files_.Path(kMobileFile));
+  unreadLines_ = ListFile::ReadLines(files_.Path(kMobileFile));
 }
 
 void PhonebookLists::MemoryRead(char16_t kind) {

@@ -3,8 +3,7 @@
 #include <algorithm>
 
 #include "codecs/Faults.h"
-#include "codecs/modFile.h"
-#include "codecs/modHexStr.h"
+#include "codecs/ListFile.h"
 
 namespace tessarin {
 
@@ -42,22 +41,13 @@ void clsT610ContactList::UpdateContact(const clsT610Contact& contact, int index)
 }
 
 std::vector<Text> clsT610ContactList::DecodeContactStr(std::string_view line) {
-  std::vector<Text> fields;
-  for (std::size_t start = 0; start <= line.size();) {
-    const auto end = std::min(line.find(',', start), line.size());
-    fields.push_back(modHexStr::Hex4ToStr(std::string(line.substr(start, end - start))));
-    start = end + 1;
-  }
-  return fields;
+  return ListFile::DecodeLine(line);
 }
 
 std::string clsT610ContactList::EncodeContactStr(const clsT610Contact& contact) {
-  std::string line;
-  for (int field = 0; field < GetNoOfField(); ++field) {
-    if (field > 0) line += ',';
-    line += modHexStr::StrToHex4(contact.GetData(field));
-  }
-  return line;
+  std::vector<Text> fields;
+  for (int field = 0; field < GetNoOfField(); ++field) fields.push_back(contact.GetData(field));
+  return ListFile::EncodeLine(fields);
 }
 
 void clsT610ContactList::AssignContact(const std::vector<Text>& fields) {
@@ -70,7 +60,7 @@ void clsT610ContactList::AssignContact(const std::vector<Text>& fields) {
 }
 
 std::vector<std::string> clsT610ContactList::LoadTSCContactList(const std::filesystem::path& file) {
-  auto lines = ReadContactLines(file);
+  auto lines = ListFile::ReadLines(file);
   auto line = lines.begin();
   try {
     for (; line != lines.end(); ++line) AssignContact(DecodeContactStr(*line));
@@ -83,7 +73,7 @@ std::vector<std::string> clsT610ContactList::LoadTSCContactList(const std::files
 
 void clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) {
   try {
-    for (const auto& line : ReadContactLines(file)) {
+    for (const auto& line : ListFile::ReadLines(file)) {
       const auto fields = DecodeContactStr(line);
       if (fields.size() < static_cast<std::size_t>(GetNoOfField())) throw BoundsError();
       if (fields[clsT610Contact::kMobileId].starts_with(u's')) {
@@ -131,32 +121,10 @@ void clsT610ContactList::Merge(int index, const std::vector<Text>& fields, bool 
 
 void clsT610ContactList::WriteContactToFile(const std::filesystem::path& file,
                                             const std::vector<std::string>& further) const {
-  std::string content;
-  for (const auto& contact : contacts_) content += EncodeContactStr(*contact) + "\r\n";
-  for (const auto& line : further) content += line + "\r\n";
-  try {
-    modFile::WriteWholeFile(file, content);
-  } catch (const FileError&) {
-    return;  // the old file stands as it was
-  }
-}
-
-std::vector<std::string> ReadContactLines(const std::filesystem::path& file) {
-  std::string content;
-  try {
-    content = modFile::ReadWholeFile(file);
-  } catch (const FileError&) {
-    return {};
-  }
   std::vector<std::string> lines;
-  for (std::size_t start = 0; start < content.size();) {
-    const auto end = std::min(content.find('\n', start), content.size());
-    std::string line = content.substr(start, end - start);
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (!line.empty()) lines.push_back(std::move(line));
-    start = end + 1;
-  }
-  return lines;
+  for (const auto& contact : contacts_) lines.push_back(EncodeContactStr(*contact));
+  lines.insert(lines.end(), further.begin(), further.end());
+  ListFile::WriteLines(file, lines);
 }
 
 }  // namespace tessarin

@@ -1,10 +1,7 @@
 #pragma once
 
-// An ordered list of contacts and its file.
-//
-// A file holds one line a contact, ended by CR LF: 24 groups separated by commas, for fields 0 to
-// 23 in order, each the field's UTF-16 units as four upper-case hexadecimal digits each. Field 24
-// is never written. Empty lines are skipped.
+// An ordered list of contacts and its file (codecs/ListFile.h), which has 24 groups a line, for
+// fields 0 to 23. Field 24 is never written.
 
 #include <cstdint>
 #include <filesystem>
@@ -81,8 +78,5 @@ class clsT610ContactList {
 
   std::vector<std::shared_ptr<clsT610Contact>> contacts_;
 };
-
-// The lines of a list file that are not empty, without their ends; none when it cannot be read.
-std::vector<std::string> ReadContactLines(const std::filesystem::path& file);
 
 }  // namespace tessarin
