@@ -18,6 +18,8 @@ namespace words = text::interface_;
 constexpr char16_t kRoot[] = u"Node1";
 constexpr int kFolders = 4;  // one for each status
 constexpr int kSenderColumn = 2;
+constexpr int kTextColumn = 3;
+constexpr int kTimeColumn = 4;
 
 Text FolderKey(int stat) { return u"S" + ToText(stat); }
 
@@ -38,6 +40,7 @@ SmsPage::SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmiss
       busyWindow_(busyWindow),
       composer_(composer),
       nameOf_(std::move(nameOf)),
+      sortIcons_(session.lvwPhoneSMS),
       folder_(FolderKey(0)) {
   session_.jobs().Set(job::kLoadMessages, [this] { Load(); });
   session_.jobs().Set(job::kDeleteMessages, [this] { DeleteSelected(); });
@@ -46,6 +49,7 @@ SmsPage::SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmiss
     session_.SetCommandIdle();
   });
   busyWindow_.workers().Set(worker::kSmsLoading, [this] { smsLoading(); });
+  session_.tvwPCSMS.visible = false;  // messages are saved through a dialog, never read back
   session_.tvwPhoneSMS.enabled = false;
   session_.tvwPhoneSMS.nodeClicked.Always([this] {
     folder_ = session_.tvwPhoneSMS.SelectedKey();
@@ -53,6 +57,7 @@ SmsPage::SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmiss
   });
   session_.lvwPhoneSMS.multipleSelection = true;
   session_.lvwPhoneSMS.selectionChanged.Always([this] { ShowRow(); });
+  session_.lvwPhoneSMS.columnClicked.Always([this](int column) { SortBy(column); });
 }
 
 // Every opening reads the phone anew.
@@ -206,6 +211,11 @@ Text SmsPage::Lines(const ReadMessage& message, TextView lineEnd) const {
   const Text end(lineEnd);
   return word(words::kReadingDate) + u'\t' + message.timestamp + end + word(words::kReadingSender) +
          u'\t' + message.sender + end + end + word(words::kReadingText) + end + message.text;
+}
+
+void SmsPage::SortBy(int column) {
+  if (column == kSenderColumn || column == kTextColumn) sortIcons_.SetHeaderIcons(column);
+  if (column == kTimeColumn) sortListByDate(session_.lvwPhoneSMS, column);
 }
 
 // Leaving the dialog without a name saves nothing.

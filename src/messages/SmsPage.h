@@ -9,6 +9,7 @@
 #include "codecs/RichText.h"
 #include "core/Page.h"
 #include "core/TessarinMenu.h"
+#include "files/ListSort.h"
 #include "files/frmSplashTransmission.h"
 #include "messages/Mailbox.h"
 #include "messages/frmComposeSMS.h"
@@ -56,6 +57,8 @@ class SmsPage : public Page {
   void FillList();
   void ShowRow();
   void ShowNothing();
+  // Sorts by sender or text as text, by the time as a date; other columns keep the order.
+  void SortBy(int column);
   // The three lines of the pane and of the file, with `lineEnd` between them.
   Text Lines(const ReadMessage& message, TextView lineEnd) const;
   Text SenderTip(const Text& sender) const;
@@ -66,6 +69,7 @@ class SmsPage : public Page {
   frmComposeSMS& composer_;
   NameOfNumber nameOf_;
   Mailbox mailbox_;
+  cLVHeaderSortIcons sortIcons_;
   Text folder_;  // the key of the tree's node that was chosen last
   bool isLoaded_ = false;
   bool isRowShown_ = false;

@@ -16,7 +16,7 @@ constexpr std::string_view kClosedKey = "Item";
 constexpr int kNameField = 3;
 constexpr int kFirstNumberField = 4;
 constexpr int kNumberFields = 5;
-constexpr int kColumnWidth = 150;
+constexpr int kColumnWidth = 140;
 
 // Takes the row out of the list; the one behind it becomes current.
 ListRow TakeRow(ListView& list, int index) {

@@ -66,6 +66,28 @@ TEST_F(SmsPageTest, ShowsARowAndOffersWhatCanBeDoneWithIt) {
   EXPECT_FALSE(CanDo("Reply"));
 }
 
+TEST_F(SmsPageTest, SortsByTheHeadsOfItsColumns) {
+  stores[u"\"SM\""] = {{1, {1, Deliver('b')}}, {2, {1, Deliver('a')}}, {3, {1, Deliver('c')}}};
+  stores[u"\"SM\""][1].pdu.replace(16, 2, "50");  // the year 2005; text order is not date order
+  OpenPage();
+  OpenFolder(u"S1");
+  Select({0});
+  const auto sorted = [this](int column) {
+    host.RunEvent([&] { session.lvwPhoneSMS.columnClicked(column); });
+    return Keys();
+  };
+  EXPECT_EQ(sorted(3), "SIM1 SIM0 SIM2 ");
+  EXPECT_EQ(session.lvwPhoneSMS.sortColumn, 3);
+  EXPECT_EQ(session.lvwPhoneSMS.Current(), 1) << "the selection goes with its row";
+  EXPECT_EQ(sorted(3), "SIM2 SIM0 SIM1 ");
+  EXPECT_EQ(sorted(4), "SIM2 SIM1 SIM0 ");
+  EXPECT_EQ(sorted(4), "SIM0 SIM2 SIM1 ");
+  EXPECT_FALSE(session.lvwPhoneSMS.sortAscending);
+  EXPECT_EQ(sorted(1), "SIM0 SIM2 SIM1 ");
+  Click("Refresh");
+  EXPECT_EQ(session.lvwPhoneSMS.sortColumn, -1);
+}
+
 TEST_F(SmsPageTest, AStoreThatCannotBeReadIsToldAndLeavesTheListsEmpty) {
   FillStores();
   refuses = u"AT+CPMS=\"ME\"";

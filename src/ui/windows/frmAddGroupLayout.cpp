@@ -33,7 +33,7 @@ void LayOut(frmAddGroup& window, QWidget& top, Binder& bind) {
   column->addLayout(lists, 1);
   column->addLayout(buttons);
   top.setMinimumSize(560, 320);
-  top.resize(760, 420);
+  top.resize(860, 420);
 }
 
 }  // namespace tessarin
