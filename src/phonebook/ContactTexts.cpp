@@ -1,5 +1,8 @@
 #include "phonebook/ContactTexts.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/TextIndex.h"
 #include "phonebook/PhoneMemories.h"
 
@@ -95,6 +98,31 @@ ListRow ContactRow(const Contact& contact, int position, const Language& languag
                digits};
   row.image = onSim ? "sim" : "phone";
   return row;
+}
+
+std::vector<ListRow> ContactRows(const clsT610ContactList& list, char16_t kind,
+                                 const Language& language) {
+  std::vector<ListRow> rows;
+  int position = 0;
+  for (const auto& contact : list) {
+    ++position;
+    if (contact->IsIn(kind)) rows.push_back(ContactRow(*contact, position, language));
+  }
+  return rows;
+}
+
+void SortRows(std::vector<ListRow>& rows, int column, bool ascending) {
+  const auto cell = static_cast<std::size_t>(column);
+  std::vector<std::pair<Text, std::size_t>> order;
+  order.reserve(rows.size());
+  for (const ListRow& row : rows) order.emplace_back(ToLower(row.cells[cell]), order.size());
+  std::stable_sort(order.begin(), order.end(), [ascending](const auto& a, const auto& b) {
+    return ascending ? a.first < b.first : b.first < a.first;
+  });
+  std::vector<ListRow> sorted;
+  sorted.reserve(rows.size());
+  for (const auto& [key, place] : order) sorted.push_back(std::move(rows[place]));
+  rows = std::move(sorted);
 }
 
 int PositionOf(const ListRow& row) { return std::stoi(row.key.substr(row.key.find('m') + 1)); }

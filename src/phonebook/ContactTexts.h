@@ -7,7 +7,7 @@
 #include "codecs/RichText.h"
 #include "controls/ListView.h"
 #include "core/Language.h"
-#include "phonebook/clsT610Contact.h"
+#include "phonebook/clsT610ContactList.h"
 
 namespace tessarin {
 
@@ -23,6 +23,11 @@ Text Shown(TextView text);
 // numbers, and the position in five digits. Of phone memory the numbers are those of home, work and
 // mobile, each with its label.
 ListRow ContactRow(const clsT610Contact& contact, int position, const Language& language);
+// The rows of the contacts in one memory, "s" or "p", in the order of the list.
+std::vector<ListRow> ContactRows(const clsT610ContactList& list, char16_t kind,
+                                 const Language& language);
+// Upper and lower case being equal; rows that are equal keep their order.
+void SortRows(std::vector<ListRow>& rows, int column, bool ascending);
 // The position that the row's key tells.
 int PositionOf(const ListRow& row);
 

@@ -17,21 +17,6 @@ constexpr char16_t kSimNode[] = u"SM";
 constexpr char16_t kPhoneNode[] = u"ME";
 constexpr int kNameColumn = 0;
 
-// Upper and lower case being equal; rows that are equal keep their order.
-void SortRows(std::vector<ListRow>& rows, int column, bool ascending) {
-  const auto cell = static_cast<std::size_t>(column);
-  std::vector<std::pair<Text, std::size_t>> order;
-  order.reserve(rows.size());
-  for (const ListRow& row : rows) order.emplace_back(ToLower(row.cells[cell]), order.size());
-  std::stable_sort(order.begin(), order.end(), [ascending](const auto& a, const auto& b) {
-    return ascending ? a.first < b.first : b.first < a.first;
-  });
-  std::vector<ListRow> sorted;
-  sorted.reserve(rows.size());
-  for (const auto& [key, place] : order) sorted.push_back(std::move(rows[place]));
-  rows = std::move(sorted);
-}
-
 }  // namespace
 
 PhonebookPage::PhonebookPage(TessarinMenu& session, const PhoneLink& link,
@@ -209,12 +194,7 @@ bool PhonebookPage::Read(char16_t kind, bar& bars) {
 
 void PhonebookPage::ShowPhonebookList(char16_t kind) {
   auto& list = session_.lvwPhonePhonebook;
-  std::vector<ListRow> rows;
-  int position = 0;
-  for (const auto& contact : *lists_.phoneContacts) {
-    ++position;
-    if (contact->IsIn(kind)) rows.push_back(ContactRow(*contact, position, session_.language()));
-  }
+  auto rows = ContactRows(*lists_.phoneContacts, kind, session_.language());
   list.sortColumn = kNameColumn;
   list.sortAscending = true;
   SortRows(rows, kNameColumn, true);

@@ -16,4 +16,10 @@ const Text& clsT610Contact::GetData(int index) const {
   return fields_[static_cast<std::size_t>(index)];
 }
 
+void clsT610Contact::UpdateByOutlookContact(const clsT610Contact& contact) {
+  for (int field = 0; field < kFields; ++field) {
+    if (field != kMobileId && field != kSpare) LetData(contact.GetData(field), field);
+  }
+}
+
 }  // namespace tessarin

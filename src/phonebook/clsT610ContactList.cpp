@@ -40,6 +40,18 @@ void clsT610ContactList::UpdateContact(const clsT610Contact& contact, int index)
   }
 }
 
+void clsT610ContactList::AddOutlookContact(const clsT610Contact& contact) {
+  Add(std::make_shared<clsT610Contact>());
+  item(Count()).UpdateByOutlookContact(contact);
+}
+
+void clsT610ContactList::UpdateOutlookContact(const clsT610Contact& contact, int index,
+                                              TextView mobileID) {
+  clsT610Contact& target = item(index);
+  if (mobileID != u"-1") target.LetData(Text(mobileID), clsT610Contact::kMobileId);
+  target.UpdateByOutlookContact(contact);
+}
+
 std::vector<Text> clsT610ContactList::DecodeContactStr(std::string_view line) {
   return ListFile::DecodeLine(line);
 }

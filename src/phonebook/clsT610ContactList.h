@@ -48,6 +48,12 @@ class clsT610ContactList {
   void AddContact(const clsT610Contact& contact);
   void UpdateContact(const clsT610Contact& contact, int index);
 
+  // `contact` holds what Outlook has of a contact: its identifier, its time and fields 3 to 24 but
+  // the spare one. Take it into a new contact, or into the one at `index`, whose field 1 then
+  // becomes `mobileID` unless that is "-1".
+  void AddOutlookContact(const clsT610Contact& contact);
+  void UpdateOutlookContact(const clsT610Contact& contact, int index, TextView mobileID);
+
   static std::vector<Text> DecodeContactStr(std::string_view line);
   static std::string EncodeContactStr(const clsT610Contact& contact);
   // Adds a new contact made of elements 0 to 23; BoundsError when there are fewer.

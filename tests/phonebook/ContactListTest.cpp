@@ -140,6 +140,20 @@ TEST_F(ContactListTest, FindsCopiesAndRemoves) {
   EXPECT_EQ(left, (std::vector<Text>{u"x1", u"", u"x1"}));
 }
 
+TEST_F(ContactListTest, TakesOverWhatOutlookHas) {
+  clsT610ContactList list;
+  list.Add(Contact(u"a"));
+  list.AddOutlookContact(*Contact(u"o"));
+  list.UpdateOutlookContact(*Contact(u"o"), 1, u"-1");
+  for (int field = 0; field < clsT610Contact::kFields; ++field) {
+    const bool kept = field == 1 || field == 13;
+    EXPECT_EQ(list.item(1).GetData(field), (kept ? u"a" : u"o") + ToText(field));
+    EXPECT_EQ(list.item(2).GetData(field), kept ? Text() : u"o" + ToText(field));
+  }
+  list.UpdateOutlookContact(*Contact(u"o"), 1, u"s7");
+  EXPECT_EQ(list.item(1).GetData(1), u"s7");
+}
+
 TEST_F(ContactListTest, JoinsTheSavedLinksAndTimesToWhatThePhoneHas) {
   const auto file = folder_.Path() / "list.dat";
   folder_.Write("list.dat", Saved({u"g1", u"s1", u"old", u"Ann", u"1", u"other work"}) +
