@@ -33,10 +33,25 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
       phonebookLists_(files_),
       phonebookPage_(session_, link_, busyWindow_, phonebookLists_),
       calendarLists_(files_, language_, clock_),
-      calendarPage_(session_, link_, busyWindow_, calendarLists_) {
+      calendarPage_(session_, link_, busyWindow_, calendarLists_),
+      outlook_(files_, clock_, [this](const Text& names) { TellDamaged(names); }),
+      phonebookSync_({session_, busyWindow_, phonebookLists_, outlook_,
+                      [this](clsT610Contact& contact, char16_t kind, int mode) {
+                        auto& memories = phonebookPage_.memories();
+                        return memories.WriteContactToMobile(contact, kind, mode);
+                      },
+                      [this](int position) { phonebookPage_.editor().OpenRecord(position); },
+                      [this] { phonebookPage_.ShowAgain(); }}),
+      calendarSync_(
+          {session_, busyWindow_, calendarLists_, outlook_, [this](clsT610Appoint& entry) {
+             return clsT610AppointList::WriteAppointToMobile(entry, session_, link_);
+           }}) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(calendarLists_);
+  session_.AddPart(phonebookSync_);
+  phonebookPage_.SetSync([this] { phonebookSync_.Open(); });
+  calendarPage_.SetSync([this] { calendarSync_.Open(); });
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(phonebookPage_);
@@ -45,6 +60,11 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
     plainPages_.push_back(std::make_unique<PlainPage>(session_, panel));
     session_.AddPage(*plainPages_.back());
   }
+}
+
+void Program::TellDamaged(const Text& names) {
+  host_.MessageBox(FillPlaceholders(language_.getTSErrStr(text::error::kDamagedItem), {names}),
+                   MessageKind::Error);
 }
 
 void Program::Start() {

@@ -28,6 +28,10 @@
 #include "phonebook/PhonebookLists.h"
 #include "phonebook/PhonebookPage.h"
 
+#include "outlook/VdirOutlook.h"
+#include "outlook/frmCalendarSync.h"
+#include "outlook/frmPhonebookSync.h"
+
 namespace tessarin {
 
 struct ProgramFolders {
@@ -55,10 +59,14 @@ class Program {
   frmSplashTransmission& busyWindow() { return busyWindow_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   CalendarPage& calendarPage() { return calendarPage_; }
+  frmPhonebookSync& phonebookSync() { return phonebookSync_; }
+  frmCalendarSync& calendarSync() { return calendarSync_; }
   CalendarLists& calendarLists() { return calendarLists_; }
   const PhoneLink& link() const { return link_; }
 
  private:
+  void TellDamaged(const Text& names);
+
   WindowHost& host_;
   modFile files_;
   regAPI registry_;
@@ -83,6 +91,9 @@ class Program {
   PhonebookPage phonebookPage_;
   CalendarLists calendarLists_;
   CalendarPage calendarPage_;
+  outlook::VdirOutlook outlook_;
+  frmPhonebookSync phonebookSync_;
+  frmCalendarSync calendarSync_;
   std::vector<std::unique_ptr<PlainPage>> plainPages_;
 };
 

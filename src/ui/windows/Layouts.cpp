@@ -13,6 +13,9 @@
 #include "phonebook/frmAddContact.h"
 #include "phonebook/frmCopyToSIM.h"
 
+#include "outlook/frmCalendarSync.h"
+#include "outlook/frmPhonebookSync.h"
+
 namespace tessarin {
 
 namespace {
@@ -36,9 +39,11 @@ std::vector<Layout> AllLayouts() {
       Of<frmAddContact>("frmAddContact", Kind::Dialog),
       Of<frmCopyToSIM>("frmCopyToSIM", Kind::Dialog),
       Of<frmAddEvent>("frmAddEvent", Kind::Dialog),
+      Of<frmCalendarSync>("frmCalendarSync", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmOverwrite>("frmOverwrite", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
+      Of<frmPhonebookSync>("frmPhonebookSync", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
       Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),
   };

@@ -15,9 +15,11 @@ class frmAbout;
 class frmAddContact;
 class frmCopyToSIM;
 class frmAddEvent;
+class frmCalendarSync;
 class frmHelp;
 class frmOverwrite;
 class frmPhoneInfo;
+class frmPhonebookSync;
 class frmSplashFindCOM;
 class frmSplashTransmission;
 
@@ -28,9 +30,11 @@ void LayOut(frmAbout& window, QWidget& top, Binder& bind);
 void LayOut(frmAddContact& window, QWidget& top, Binder& bind);
 void LayOut(frmCopyToSIM& window, QWidget& top, Binder& bind);
 void LayOut(frmAddEvent& window, QWidget& top, Binder& bind);
+void LayOut(frmCalendarSync& window, QWidget& top, Binder& bind);
 void LayOut(frmHelp& window, QWidget& top, Binder& bind);
 void LayOut(frmOverwrite& window, QWidget& top, Binder& bind);
 void LayOut(frmPhoneInfo& window, QWidget& top, Binder& bind);
+void LayOut(frmPhonebookSync& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind);
 
