@@ -6,6 +6,7 @@ Without names, every row of the tables below in every language; with names, only
 """
 
 import glob
+import re
 import signal
 import subprocess
 import sys
@@ -146,7 +147,8 @@ def heading(name, words):
 def write_page():
     """The page that shows all pictures, a row a window."""
     words = Texts(TREE, "English")
-    light = [row for row in LANGUAGES if row[3] == "light"]
+    light = [(row[0], re.sub(r"\B([A-Z])", r" \1", row[1])) for row in LANGUAGES
+             if row[3] == "light"]
     lines = ["# Screenshots", "", "Every page beside the simulated phone. `scripts/screenshots` takes "
              "these pictures and writes", "this page."]
     for name in every_name():

@@ -67,7 +67,7 @@ def screen(size=SCREEN_SIZE, *manager):
 def desktop(theme):
     """A desktop that prefers "light" or "dark"."""
     with running(sys.executable, str(Path(__file__).with_name("portal.py")), theme):
-        owned = ("gdbus", "wait", "--session", "--timeout", "10", "org.freedesktop.portal.Desktop")
+        owned = ("gdbus", "wait", "--session", "--timeout", "60", "org.freedesktop.portal.Desktop")
         subprocess.run(owned, check=True)
         yield
 

@@ -5,7 +5,8 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QPalette>
-#include <QProxyStyle>
+
+#include "ui/qt/CalmStyle.h"
 
 namespace tessarin {
 
@@ -49,17 +50,6 @@ QPalette MakePalette(const Colours& c) {
   return palette;
 }
 
-// The words of a box's buttons say enough.
-class PlainButtons : public QProxyStyle {
- public:
-  using QProxyStyle::QProxyStyle;
-  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                QStyleHintReturn* result) const override {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
-    return QProxyStyle::styleHint(hint, option, widget, result);
-  }
-};
-
 QVariant Unwrap(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value;
@@ -70,7 +60,7 @@ QVariant Unwrap(QVariant value) {
 Theme::Theme(QObject* parent) : QObject(parent) {
   platformIsDark_ = QApplication::palette().color(QPalette::Window).lightness() < 128;
   // The application owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
-  QApplication::setStyle(new PlainButtons(QStringLiteral("Fusion")));
+  QApplication::setStyle(new CalmStyle);
   auto bus = QDBusConnection::sessionBus();
   bool dark = platformIsDark_;
   if (bus.isConnected()) {

@@ -19,7 +19,7 @@ void LayOut(TessarinMenu& window, QWidget& top, Binder& bind) {
   frame.setWindowIcon(QApplication::windowIcon());
   auto* menu = bind.Bind(window.MainMenu);
   auto* state = bind.Bind(window.Lbstatus);
-  state->setContentsMargins(0, 0, kGap, 0);
+  state->setContentsMargins(0, 3, kGap, 0);
   state->setWordWrap(false);
   // A menu bar measures its corner anew only when it is told of the widget.
   bind.Follow(window.Lbstatus, [menu, state] { menu->setCornerWidget(state); });

@@ -1,0 +1,73 @@
+#include "ui/qt/CalmStyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace tessarin {
+
+namespace {
+
+constexpr int kWordsMargin = 3;
+constexpr int kHeadMargin = 5;
+constexpr int kRowGap = 4;
+constexpr int kFrameWidth = 2;  // a frame of one would lose edges at 150 %
+constexpr int kHoverAlpha = 110;
+
+void DrawRounded(QPainter& painter, const QRectF& place, qreal radius, const QPen& line,
+                 const QBrush& fill) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(line);
+  painter.setBrush(fill);
+  painter.drawRoundedRect(place, radius, radius);
+  painter.restore();
+}
+
+}  // namespace
+
+CalmStyle::CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
+  switch (metric) {
+    case PM_FocusFrameHMargin:
+      return kWordsMargin;
+    case PM_HeaderMargin:
+      return kHeadMargin;
+    case PM_DefaultFrameWidth:
+      return kFrameWidth;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+  QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
+  if (type == CT_ItemViewItem) needed.rheight() += kRowGap;
+  return needed;
+}
+
+void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  const QRectF place = option->rect;
+  if (element == PE_PanelButtonTool && (option->state & State_AutoRaise)) {
+    QColor colour = option->palette.color(QPalette::Highlight);
+    if (!(option->state & (State_On | State_Sunken))) colour.setAlpha(kHoverAlpha);
+    DrawRounded(*painter, place.adjusted(1, 1, -1, -1), 6, Qt::NoPen, colour);
+  } else if (element == PE_Frame) {
+    DrawRounded(*painter, place.adjusted(0.5, 0.5, -0.5, -0.5), 3,
+                option->palette.color(QPalette::Mid), Qt::NoBrush);
+  } else {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+// The words of a box's buttons say enough without an icon, and disabled words need no shadow.
+int CalmStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* result) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_EtchDisabledText) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+}  // namespace tessarin
