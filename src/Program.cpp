@@ -38,10 +38,25 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
       messages_(com_),
       composer_(session_, messages_),
       smsPage_(session_, messages_, busyWindow_, composer_,
-               [this](const Text& number) { return NameOfNumber(number); }) {
+               [this](const Text& number) { return NameOfNumber(number); }),
+      outlook_(files_, clock_, [this](const Text& names) { TellDamaged(names); }),
+      phonebookSync_({session_, busyWindow_, phonebookLists_, outlook_,
+                      [this](clsT610Contact& contact, char16_t kind, int mode) {
+                        auto& memories = phonebookPage_.memories();
+                        return memories.WriteContactToMobile(contact, kind, mode);
+                      },
+                      [this](int position) { phonebookPage_.editor().OpenRecord(position); },
+                      [this] { phonebookPage_.ShowAgain(); }}),
+      calendarSync_(
+          {session_, busyWindow_, calendarLists_, outlook_, [this](clsT610Appoint& entry) {
+             return clsT610AppointList::WriteAppointToMobile(entry, session_, link_);
+           }}) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(calendarLists_);
+  session_.AddPart(phonebookSync_);
+  phonebookPage_.SetSync([this] { phonebookSync_.Open(); });
+  calendarPage_.SetSync([this] { calendarSync_.Open(); });
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(phonebookPage_);
@@ -61,6 +76,11 @@ void Program::ChooseRecipients() {
 Text Program::NameOfNumber(const Text& number) const {
   const auto& contacts = phonebookLists_.phoneContacts;
   return contacts == nullptr ? Text() : NameOf(*contacts, number);
+}
+
+void Program::TellDamaged(const Text& names) {
+  host_.MessageBox(FillPlaceholders(language_.getTSErrStr(text::error::kDamagedItem), {names}),
+                   MessageKind::Error);
 }
 
 void Program::Start() {

@@ -28,6 +28,10 @@
 #include "phonebook/PhonebookLists.h"
 #include "phonebook/PhonebookPage.h"
 
+#include "outlook/VdirOutlook.h"
+#include "outlook/frmCalendarSync.h"
+#include "outlook/frmPhonebookSync.h"
+
 namespace tessarin {
 
 struct ProgramFolders {
@@ -55,6 +59,8 @@ class Program {
   frmSplashTransmission& busyWindow() { return busyWindow_; }
   PhonebookLists& phonebookLists() { return phonebookLists_; }
   CalendarPage& calendarPage() { return calendarPage_; }
+  frmPhonebookSync& phonebookSync() { return phonebookSync_; }
+  frmCalendarSync& calendarSync() { return calendarSync_; }
   CalendarLists& calendarLists() { return calendarLists_; }
   SmsPage& smsPage() { return smsPage_; }
   frmComposeSMS& composer() { return composer_; }
@@ -63,6 +69,7 @@ class Program {
  private:
   void ChooseRecipients();
   Text NameOfNumber(const Text& number) const;
+  void TellDamaged(const Text& names);
 
   WindowHost& host_;
   modFile files_;
@@ -91,6 +98,9 @@ class Program {
   ATMessages messages_;
   frmComposeSMS composer_;
   SmsPage smsPage_;
+  outlook::VdirOutlook outlook_;
+  frmPhonebookSync phonebookSync_;
+  frmCalendarSync calendarSync_;
 };
 
 }  // namespace tessarin

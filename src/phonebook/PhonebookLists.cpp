@@ -45,10 +45,14 @@ void PhonebookLists::Unloading() {
   tscContacts.reset();
 }
 
-void PhonebookLists::Save() {
+void PhonebookLists::SavePhoneContacts() const {
   if (phoneContacts != nullptr) {
     phoneContacts->WriteContactToFile(files_.Path(kMobileFile), UnreadLines());
   }
+}
+
+void PhonebookLists::Save() {
+  SavePhoneContacts();
   if (tscContacts != nullptr)
     tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);
 }

@@ -26,6 +26,8 @@ class PhonebookLists : public SessionPart {
   // That memory, "s" or "p", was read into `phoneContacts`: joins to its contacts what the file of
   // earlier sessions knows of them. From then on the saved lines of that memory are no longer kept.
   void MemoryRead(char16_t kind);
+  // Writes the mobile list, if there is one.
+  void SavePhoneContacts() const;
   void Unloading() override;
 
  private:

@@ -147,7 +147,8 @@ bool PhonebookPage::CanDo(std::string_view action) const {
   if (action == "Save") return list.Count() > 0;
   if (action == "Edit" || action == "Delete") return selected;
   if (action == "CopyToSim") return selected && Kind() == PhoneMemories::kPhone;
-  return action == "Sync" && sync_ != nullptr;
+  // A memory that was not read looks empty: all that Outlook knows of it would be added again.
+  return action == "Sync" && sync_ != nullptr && SIMLoaded_ && PMLoaded_;
 }
 
 void PhonebookPage::Do(std::string_view action) {

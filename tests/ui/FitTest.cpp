@@ -212,6 +212,24 @@ TEST_P(FitTest, Dialogs) {
   }
 }
 
+TEST_P(FitTest, SynchronisationsAndWhatTheyTell) {
+  ConnectPhone();
+  SyncDialog* dialogs[] = {&program_->phonebookSync(), &program_->calendarSync()};
+  for (SyncDialog* dialog : dialogs) {
+    dialog->Show(Modality::Modeless);
+    for (Label& result : dialog->lblResult) {
+      result.text = SummaryOf(session().language(), u"Tessarin", {1000, 1000, 1000, 1000});
+    }
+    ExpectWordsFit(*dialog, {720, 440});
+    for (Label& result : dialog->lblResult) result.text = u"";
+    SyncProgress progress(*dialog, dialog->prgRows, dialog->lblRow, session().language());
+    progress.Begin();
+    progress.Row(1000, 2000);
+    ExpectWordsFit(*dialog, {720, 440});
+    dialog->Unload();
+  }
+}
+
 TEST_P(FitTest, TheQuestionBeforeAContactIsReplaced) {
   std::int16_t mode = overwrite::kYes;
   frmOverwrite replace(host_, session().language(), mode);

@@ -16,6 +16,9 @@
 #include "phonebook/frmAddGroup.h"
 #include "phonebook/frmCopyToSIM.h"
 
+#include "outlook/frmCalendarSync.h"
+#include "outlook/frmPhonebookSync.h"
+
 namespace tessarin {
 
 namespace {
@@ -42,9 +45,11 @@ std::vector<Layout> AllLayouts() {
       Of<frmAddGroup>("frmAddGroup", Kind::Dialog),
       Of<frmAddTextTemplate>("frmAddTextTemplate", Kind::Dialog),
       Of<frmComposeSMS>("frmComposeSMS", Kind::Dialog),
+      Of<frmCalendarSync>("frmCalendarSync", Kind::Dialog),
       Of<frmHelp>("frmHelp", Kind::Dialog),
       Of<frmOverwrite>("frmOverwrite", Kind::Dialog),
       Of<frmPhoneInfo>("frmPhoneInfo", Kind::Dialog),
+      Of<frmPhonebookSync>("frmPhonebookSync", Kind::Dialog),
       Of<frmSplashFindCOM>("frmSplashFindCOM", Kind::Busy),
       Of<frmSplashTransmission>("frmSplashTransmission", Kind::Busy),
   };

@@ -18,9 +18,11 @@ class frmAddEvent;
 class frmAddGroup;
 class frmAddTextTemplate;
 class frmComposeSMS;
+class frmCalendarSync;
 class frmHelp;
 class frmOverwrite;
 class frmPhoneInfo;
+class frmPhonebookSync;
 class frmSplashFindCOM;
 class frmSplashTransmission;
 
@@ -34,9 +36,11 @@ void LayOut(frmAddEvent& window, QWidget& top, Binder& bind);
 void LayOut(frmAddGroup& window, QWidget& top, Binder& bind);
 void LayOut(frmAddTextTemplate& window, QWidget& top, Binder& bind);
 void LayOut(frmComposeSMS& window, QWidget& top, Binder& bind);
+void LayOut(frmCalendarSync& window, QWidget& top, Binder& bind);
 void LayOut(frmHelp& window, QWidget& top, Binder& bind);
 void LayOut(frmOverwrite& window, QWidget& top, Binder& bind);
 void LayOut(frmPhoneInfo& window, QWidget& top, Binder& bind);
+void LayOut(frmPhonebookSync& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashFindCOM& window, QWidget& top, Binder& bind);
 void LayOut(frmSplashTransmission& window, QWidget& top, Binder& bind);
 
