@@ -24,10 +24,10 @@ struct Column {
 const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
                                                {words::kColumnPhoneSize, 70, true},
                                                {words::kColumnFileType, 60}};
-const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 160},
+const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 140},
                                                   {words::kColumnComputerSize, 90, true},
-                                                  {words::kColumnFileType, 110},
-                                                  {words::kColumnComputerDate, 130}};
+                                                  {words::kColumnFileType, 95},
+                                                  {words::kColumnComputerDate, 145}};
 const std::vector<Column> kMessageColumns = {{-1, 30},
                                              {words::kColumnMessageStore, 80},
                                              {words::kColumnMessageSender, 150},

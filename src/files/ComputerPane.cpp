@@ -121,12 +121,10 @@ void ComputerPane::expandNode(const Text& node) {
 ListRow ComputerPane::RowOf(const fs::path& file) {
   ListRow row;
   const Text name = NameOf(file);
-  row.cells = {
-      name,
-      {},
-      types_.Words(name, kLanguages[static_cast<std::size_t>(session_.language().index())].isoCode),
-      {}};
-  row.image = ImageOfType(types_.Type(name));
+  const std::string& type = types_.Type(name);
+  const auto language = static_cast<std::size_t>(session_.language().index());
+  row.cells = {name, {}, types_.Words(type, name, kLanguages[language].isoCode), {}};
+  row.image = ImageOfType(type);
   struct stat found {};
   if (::stat(file.c_str(), &found) == 0) {
     row.cells[1] = ComputerSizeText(static_cast<std::uint64_t>(found.st_size), locale_);

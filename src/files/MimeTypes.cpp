@@ -83,9 +83,10 @@ const std::string& MimeTypes::Type(TextView fileName) {
   return kUnknown;
 }
 
-Text MimeTypes::Words(TextView fileName, const std::string& isoCode) {
-  const std::string& type = Type(fileName);
-  const auto [place, isNew] = words_.try_emplace({type, isoCode});
+Text MimeTypes::Words(const std::string& type, TextView fileName, const std::string& isoCode) {
+  if (isoCode != wordsIsoCode_) words_.clear();
+  wordsIsoCode_ = isoCode;
+  const auto [place, isNew] = words_.try_emplace(type);
   if (isNew) place->second = ReadWords(type, isoCode);
   return place->second.empty() ? Extension(fileName) : place->second;
 }

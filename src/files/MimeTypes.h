@@ -4,7 +4,6 @@
 // `globs2` tells a type by the name, `<type>.xml` its words in many languages.
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -18,10 +17,10 @@ class MimeTypes {
   // Folders of databases, the one that counts most first. They are read when first asked for, once.
   explicit MimeTypes(std::vector<std::filesystem::path> folders = StandardFolders());
 
-  // The words for files of that name, such as "JPEG image", in the language of that ISO code
-  // ("de", "zh_CN"), in English where the database does not have that. A name that says nothing
-  // gives the words for an unknown type, and without a database its extension.
-  Text Words(TextView fileName, const std::string& isoCode);
+  // The words for a file's type, such as "JPEG image", in the language of that ISO code ("de",
+  // "zh_CN"), in English where the database does not have that. Where it has no words at all, the
+  // name's extension.
+  Text Words(const std::string& type, TextView fileName, const std::string& isoCode);
   // The type itself, such as "image/jpeg"; "application/octet-stream" for a name that says nothing.
   const std::string& Type(TextView fileName);
 
@@ -42,7 +41,8 @@ class MimeTypes {
   bool loaded_ = false;
   std::unordered_map<std::string, Glob> names_;     // whole names, in lower case
   std::unordered_map<std::string, Glob> suffixes_;  // from a point on, in lower case
-  std::map<std::pair<std::string, std::string>, Text> words_;
+  std::string wordsIsoCode_;                        // of these words:
+  std::unordered_map<std::string, Text> words_;     // by type
 };
 
 }  // namespace tessarin

@@ -52,6 +52,7 @@ void SyncDialog::ApplySyncWords() {
     arrow.button.accessibleName = Word(arrow.words);
   }
   prgRows.accessibleName = Word(words::kNameProgress);
+  lblRow.accessibleName = Word(words::kNameProgress);
   lvwLocation[0].accessibleName = Word(words::kNameLeftRows);
   lvwLocation[1].accessibleName = Word(words::kNameRightRows);
 }
@@ -65,11 +66,16 @@ void SyncDialog::EnableTickBoxes(bool enabled) {
 }
 
 void SyncDialog::ClearResults() {
-  for (Label& result : lblResult) result.text = u"";
+  for (Label& result : lblResult) {
+    result.text = u"";
+    result.accessibleName = Word(words::kNameSyncResult);
+  }
 }
 
 void SyncDialog::ShowResult(int pane, const Text& side, const SyncCount& count) {
-  lblResult[static_cast<std::size_t>(pane)].text = SummaryOf(session_.language(), side, count);
+  Label& result = lblResult[static_cast<std::size_t>(pane)];
+  result.text = SummaryOf(session_.language(), side, count);
+  result.accessibleName = result.text();
 }
 
 void SyncDialog::FillPane(int pane, std::vector<ListRow> rows) {

@@ -43,6 +43,7 @@ void SyncProgress::Row(int row, int rows) {
   bar_.maximum = rows;
   bar_.value = row;
   label_.text = language_.Filled(words::kSyncRow, {ToText(row), ToText(rows)});
+  label_.accessibleName = label_.text();
   const auto now = std::chrono::steady_clock::now();
   if (row < rows && now - painted_ < kBetweenPaintings) return;
   painted_ = now;

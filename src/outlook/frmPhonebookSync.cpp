@@ -105,6 +105,7 @@ void frmPhonebookSync::ApplyWords() {
   mnuRClick.SetCaption("mnuEditRecord", Word(words::kMenuEdit));
   mnuRClick.SetCaption("mnuDeleteRecord", Word(words::kMenuDelete));
   Toolbar1.accessibleName = Word(words::kNameSyncActions);
+  mnuRClick.accessibleName = Word(words::kNameSyncActions);
   cboLocation[0].accessibleName = Word(words::kNameLeftPlace);
   cboLocation[1].accessibleName = Word(words::kNameRightPlace);
 }

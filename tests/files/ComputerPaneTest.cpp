@@ -183,10 +183,10 @@ TEST(MimeTypes, ReadsTheDatabase) {
   };
   for (const auto& c : cases) {
     EXPECT_EQ(types.Type(c.name), c.type) << ToUtf8(c.name);
-    EXPECT_EQ(types.Words(c.name, "de"), c.german) << ToUtf8(c.name);
+    EXPECT_EQ(types.Words(c.type, c.name, "de"), c.german) << ToUtf8(c.name);
   }
-  EXPECT_EQ(types.Words(u"a.mid", "fr"), u"MIDI audio");
-  EXPECT_EQ(MimeTypes({folder.Path() / "none"}).Words(u"a.mid", "de"), u"MID");
+  EXPECT_EQ(types.Words("audio/midi", u"a.mid", "fr"), u"MIDI audio");
+  EXPECT_EQ(MimeTypes({folder.Path() / "none"}).Words("audio/midi", u"a.mid", "de"), u"MID");
 }
 
 }  // namespace
