@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QTreeView>
 
 namespace tessarin {
 
@@ -12,6 +13,11 @@ constexpr int kHeadMargin = 5;
 constexpr int kRowGap = 4;
 constexpr int kFrameWidth = 2;  // a frame of one would lose edges at 150 %
 constexpr int kHoverAlpha = 110;
+
+// A grid's heads, such as seven names of days, need all their width for their words.
+bool IsHeadOfAList(const QWidget* widget) {
+  return widget != nullptr && qobject_cast<const QTreeView*>(widget->parentWidget()) != nullptr;
+}
 
 void DrawRounded(QPainter& painter, const QRectF& place, qreal radius, const QPen& line,
                  const QBrush& fill) {
@@ -29,16 +35,10 @@ CalmStyle::CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
-  switch (metric) {
-    case PM_FocusFrameHMargin:
-      return kWordsMargin;
-    case PM_HeaderMargin:
-      return kHeadMargin;
-    case PM_DefaultFrameWidth:
-      return kFrameWidth;
-    default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
-  }
+  if (metric == PM_FocusFrameHMargin) return kWordsMargin;
+  if (metric == PM_DefaultFrameWidth) return kFrameWidth;
+  if (metric == PM_HeaderMargin && IsHeadOfAList(widget)) return kHeadMargin;
+  return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
