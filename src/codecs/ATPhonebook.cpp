@@ -21,6 +21,13 @@ TextView Behind(TextView text, TextView mark) {
 
 TextView Before(TextView text, TextView mark) { return text.substr(0, text.find(mark)); }
 
+// Whether the reply ends in success. The echo of a command, or an entry, may hold a name like
+// "Brooks", so only the whole line counts, and only behind the last refusal.
+bool IsOk(TextView reply) {
+  const auto refusal = reply.rfind(u"\r\n+CMS ERROR:");
+  return ContainsIgnoringCase(reply.substr(refusal == TextView::npos ? 0 : refusal), u"\r\nOK\r\n");
+}
+
 SIMPhoneBookRecord ParseEntry(TextView entry) {
   SIMPhoneBookRecord record;
   record.Index = static_cast<std::int16_t>(ReadNumber(Before(entry, u",")));
@@ -43,7 +50,7 @@ int FirstGap(const std::vector<SIMPhoneBookRecord>& records, int first, int last
 }  // namespace
 
 bool ATPhonebook::Succeeds(TextView command) {
-  return line_.SendATCommand(command) && ContainsIgnoringCase(line_.ReadATResponse(), u"OK");
+  return line_.SendATCommand(command) && IsOk(line_.ReadATResponse());
 }
 
 bool ATPhonebook::SelectPhonebookStorage(TextView storage) {
@@ -54,7 +61,7 @@ bool ATPhonebook::SelectPhonebookStorage(TextView storage) {
 bool ATPhonebook::GetPhonebookRange(std::int16_t& first, std::int16_t& last) {
   if (!line_.SendATCommand(u"AT+CPBR=?")) return false;
   const Text reply = line_.ReadATResponse();
-  if (!ContainsIgnoringCase(reply, u"OK")) return false;
+  if (!IsOk(reply)) return false;
   const int lowest = ReadNumber(Before(Behind(reply, u"("), u"-"));
   const int highest = ReadNumber(Before(Behind(reply, u"-"), u")"));
   first = static_cast<std::int16_t>(lowest);
@@ -67,7 +74,7 @@ bool ATPhonebook::ReadPhonebookRange(Text& text, int first, int last) {
   if (last != 0) command += u"," + ToText(last);
   if (!line_.SendATCommand(command)) return false;
   const Text reply = line_.ReadLongResponse();
-  if (!ContainsIgnoringCase(reply, u"OK")) return false;
+  if (!IsOk(reply)) return false;
   const auto begin = reply.find(kEntry);
   if (begin == Text::npos) {
     text.clear();
@@ -100,7 +107,7 @@ bool ATPhonebook::WriteSIMEntry(TextView location, const SIMPhoneBookRecord& rec
   Text command = Text(u"AT+CPBW=").append(location).append(u",\"").append(number);
   command.append(u"\",").append(type).append(u",\"").append(record.Text.Trimmed()).append(u"\"");
   std::erase_if(command, [](char16_t unit) { return unit < u' '; });
-  return line_.SendATText(command) && ContainsIgnoringCase(line_.ReadATResponse(), u"OK");
+  return line_.SendATText(command) && IsOk(line_.ReadATResponse());
 }
 
 bool ATPhonebook::DeleteSIMEntry(TextView location) {
@@ -108,7 +115,10 @@ bool ATPhonebook::DeleteSIMEntry(TextView location) {
 }
 
 int ATPhonebook::CountEntries(TextView text) {
-  return static_cast<int>(Split(text, kEntryHead).size()) - 1;
+  const auto entries = Split(text, kEntryHead).size();
+  // Entries that cannot be told apart must not count as free places.
+  if (Split(text, kEntry).size() != entries) throw ConversionError();
+  return static_cast<int>(entries) - 1;
 }
 
 void ATPhonebook::ParseCPBRText(TextView text, int count,

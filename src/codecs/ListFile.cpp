@@ -8,6 +8,20 @@
 
 namespace tessarin::ListFile {
 
+namespace {
+
+// A file that is not there hides nothing.
+bool HidesItsLines(const std::filesystem::path& file) {
+  try {
+    (void)modFile::ReadWholeFile(file);
+  } catch (const FileError& fault) {
+    return fault.Reason() != std::errc::no_such_file_or_directory;
+  }
+  return false;
+}
+
+}  // namespace
+
 std::vector<Text> DecodeLine(std::string_view line) {
   std::vector<Text> fields;
   for (std::size_t start = 0; start <= line.size();) {
@@ -43,14 +57,16 @@ std::vector<std::string> ReadLines(const std::filesystem::path& file) {
   return lines;
 }
 
-void WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines) {
+bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines) {
+  if (HidesItsLines(file)) return false;
   std::string content;
   for (const std::string& line : lines) content += line + "\r\n";
   try {
     modFile::WriteWholeFile(file, content);
   } catch (const FileError&) {
-    return;  // the old file stands as it was
+    return false;  // the old file stands as it was
   }
+  return true;
 }
 
 }  // namespace tessarin::ListFile

@@ -23,7 +23,8 @@ std::string EncodeLine(const std::vector<Text>& fields);
 std::vector<std::string> ReadLines(const std::filesystem::path& file);
 
 // Writes whole lines in place of what the file held. An error ends it silently and leaves the old
-// file whole.
-void WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines);
+// file whole; a file that cannot be read is left alone too, since the lines know nothing of what it
+// holds. Gives whether it was written.
+bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines);
 
 }  // namespace tessarin::ListFile

@@ -125,11 +125,10 @@ class Decoder {
   void ReadCard(std::vector<PhoneBookRecord>& records) {
     line_ += 2;  // BEGIN and VERSION
     const bool hasName = Holds(At(lines_, line_), u";");
+    const Text name = hasName ? ReadName(Gather()) : Text();
     PhoneBookRecord& record = records.emplace_back();
-    if (hasName) {
-      record.Name = ReadName(Gather());
-      ++line_;
-    }
+    record.Name = name;
+    if (hasName) ++line_;
     do {
       ReadProperty(record);
       ++line_;

@@ -17,16 +17,20 @@ Text MobileIdOf(const std::string& line) {
 }  // namespace
 
 void PhonebookLists::PhoneFound() {
-  Save();
-  tscContacts = std::make_unique<clsT610ContactList>();
-  damagedLines_ = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
+  SavePhoneContacts();
+  // A book that could not be written exists nowhere else.
+  if (SaveBook()) {
+    tscContacts = std::make_unique<clsT610ContactList>();
+    damagedLines_ = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
+  }
   phoneContacts = std::make_unique<clsT610ContactList>();
   phoneContacts->ListType = -1;
   unreadLines_ = ListFile::ReadLines(files_.Path(kMobileFile));
 }
 
-void PhonebookLists::MemoryRead(char16_t kind) {
+void PhonebookLists::MemoryRead(char16_t kind, bool complete) {
   phoneContacts->LoadT610ContactList(files_.Path(kMobileFile));
+  if (!complete) return;
   std::erase_if(unreadLines_,
                 [kind](const auto& line) { return MobileIdOf(line).starts_with(kind); });
 }
@@ -40,7 +44,8 @@ std::vector<std::string> PhonebookLists::UnreadLines() const {
 }
 
 void PhonebookLists::Unloading() {
-  Save();
+  SavePhoneContacts();
+  SaveBook();
   phoneContacts.reset();
   tscContacts.reset();
 }
@@ -51,10 +56,9 @@ void PhonebookLists::SavePhoneContacts() const {
   }
 }
 
-void PhonebookLists::Save() {
-  SavePhoneContacts();
-  if (tscContacts != nullptr)
-    tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);
+bool PhonebookLists::SaveBook() const {
+  return tscContacts == nullptr ||
+         tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);
 }
 
 }  // namespace tessarin

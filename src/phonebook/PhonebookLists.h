@@ -24,14 +24,16 @@ class PhonebookLists : public SessionPart {
   // Makes both lists. Lists of an earlier connection are written first, so nothing of them is lost.
   void PhoneFound() override;
   // That memory, "s" or "p", was read into `phoneContacts`: joins to its contacts what the file of
-  // earlier sessions knows of them. From then on the saved lines of that memory are no longer kept.
-  void MemoryRead(char16_t kind);
+  // earlier sessions knows of them. From then on the saved lines of that memory are no longer kept,
+  // unless the reading was not `complete`: they may be those of contacts that nobody saw.
+  void MemoryRead(char16_t kind, bool complete = true);
   // Writes the mobile list, if there is one.
   void SavePhoneContacts() const;
   void Unloading() override;
 
  private:
-  void Save();
+  // True also when there is no book yet.
+  bool SaveBook() const;
   // Those of the kept lines that no contact of `phoneContacts` has taken the place of.
   std::vector<std::string> UnreadLines() const;
 

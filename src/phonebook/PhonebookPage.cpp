@@ -38,6 +38,7 @@ PhonebookPage::PhonebookPage(TessarinMenu& session, const PhoneLink& link,
   workers.Set(worker::kCopyPhoneToSIM, [this] { copyDialogs_.CopyPhoneToSIM(); });
   auto& list = session_.lvwPhonePhonebook;
   list.multipleSelection = true;
+  session_.tvwPCPhonebook.visible = false;  // contacts are saved through a dialog
   list.selectionChanged.Always([this] { SelectionChanged(); });
   list.activated.Always([this] {
     if (CanDo("Edit")) EditSelectedContact();
@@ -73,6 +74,7 @@ void PhonebookPage::AddNodes() {
 }
 
 void PhonebookPage::PhoneFound() {
+  session_.simMinIndex = session_.simMaxIndex = 0;  // another phone may have another SIM
   SIMLoaded_ = PMLoaded_ = false;
   AddNodes();
   ShowAgain();
@@ -115,9 +117,8 @@ bool PhonebookPage::LoadWhileConnecting(bar& bars) {
 
 // A memory that was read in this connection is shown at once; Refresh reads it anew.
 void PhonebookPage::NodeClicked() {
-  if (IsLoaded(Kind())) {
-    ShowAgain();
-  } else if (session_.statusPhase == kPhonePresent) {
+  ShowAgain();  // the rows of the other memory must not be worked as if they were of this one
+  if (!IsLoaded(Kind()) && session_.statusPhase == kPhonePresent) {
     session_.commandState = job::kLoadPhonebook;
   }
 }
@@ -275,7 +276,10 @@ void PhonebookPage::EditSelectedContact() {
 
 // From the highest position down, so that removing one never moves another that is still to go.
 void PhonebookPage::DeleteSelectedContacts() {
-  for (const int position : SelectedPositions()) {
+  const auto positions = SelectedPositions();
+  session_.lvwPhonePhonebook.Clear();  // its rows name positions that are about to move
+  SelectionChanged();
+  for (const int position : positions) {
     if (!DeleteOne(position)) break;
   }
   session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kContactsDeleted));
@@ -294,6 +298,7 @@ bool PhonebookPage::DeleteOne(int position) {
   } else {
     const auto deleted = memories_.DeleteCard(id);
     if (deleted != PhoneMemories::Deleted::Yes) {
+      session_.ShowError(text::error::kDeleteContact);
       return deleted == PhoneMemories::Deleted::NoSession;
     }
   }

@@ -80,7 +80,7 @@ bool PhonebookReader::ReadPhone(bar& bars) {
   if (read) {
     std::vector<PhoneBookRecord> records;
     vcard::DecodeVCards(text, count, records);
-    TakePhone(records, bars);
+    TakePhone(records, count, bars);
   }
   link_.obex.EndOBEXSession();
   return read;
@@ -101,7 +101,8 @@ bool PhonebookReader::ReadObject(int& count, Text& text, bar& bars) {
   return true;
 }
 
-void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, bar& bars) {
+void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, int counted,
+                                bar& bars) {
   auto& list = *lists_.phoneContacts;
   list.ClearAllPMRecord();
   const int count = static_cast<int>(records.size());
@@ -113,7 +114,12 @@ void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, bar
   }
   bars.Refresh();
   session_.phoneRecordCount = count;
-  lists_.MemoryRead(u'p');
+  // An object that was cut short lacks cards, or its last card the identifier.
+  const bool complete =
+      count >= counted && std::none_of(records.begin(), records.end(), [](const auto& record) {
+        return record.Luid.Trimmed().empty();
+      });
+  lists_.MemoryRead(u'p', complete);
 }
 
 }  // namespace tessarin

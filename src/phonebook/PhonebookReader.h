@@ -27,7 +27,8 @@ class PhonebookReader {
   bool ReadSimText(Text& text, bar& bars);
   void TakeSim(const std::vector<SIMPhoneBookRecord>& records);
   bool ReadObject(int& count, Text& text, bar& bars);
-  void TakePhone(const std::vector<PhoneBookRecord>& records, bar& bars);
+  // `counted` is how many the phone says there are.
+  void TakePhone(const std::vector<PhoneBookRecord>& records, int counted, bar& bars);
   // A contact that was never linked to Outlook and changed just now.
   std::shared_ptr<clsT610Contact> NewContact() const;
 

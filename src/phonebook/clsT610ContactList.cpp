@@ -131,12 +131,12 @@ void clsT610ContactList::Merge(int index, const std::vector<Text>& fields, bool 
   contact.LetData(fields[clsT610Contact::kGuid], clsT610Contact::kGuid);
 }
 
-void clsT610ContactList::WriteContactToFile(const std::filesystem::path& file,
+bool clsT610ContactList::WriteContactToFile(const std::filesystem::path& file,
                                             const std::vector<std::string>& further) const {
   std::vector<std::string> lines;
   for (const auto& contact : contacts_) lines.push_back(EncodeContactStr(*contact));
   lines.insert(lines.end(), further.begin(), further.end());
-  ListFile::WriteLines(file, lines);
+  return ListFile::WriteLines(file, lines);
 }
 
 }  // namespace tessarin

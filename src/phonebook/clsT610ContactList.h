@@ -68,8 +68,8 @@ class clsT610ContactList {
   // longer has is passed over. Errors end the reading silently.
   void LoadT610ContactList(const std::filesystem::path& file);
   // Writes the list, and behind it `further` lines as they stand. An error ends it silently and
-  // leaves the old file whole.
-  void WriteContactToFile(const std::filesystem::path& file,
+  // leaves the old file whole. Gives whether it was written.
+  bool WriteContactToFile(const std::filesystem::path& file,
                           const std::vector<std::string>& further = {}) const;
 
  private:

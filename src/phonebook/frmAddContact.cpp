@@ -31,6 +31,8 @@ frmAddContact::frmAddContact(TessarinMenu& session, PhonebookLists& lists, Phone
   Command1.clicked.Always([this] {
     if (editIndex_ != 0) {
       SaveRecord();
+    } else if (session_.statusPhase != kPhonePresent) {
+      Refuse(text::error::kWriteContact);
     } else {
       session_.commandState = job::kWriteContact;
     }
@@ -62,6 +64,7 @@ std::vector<TextBox*> frmAddContact::BoxesOfPhone() {
 
 void frmAddContact::OpenNew(char16_t kind) {
   editID_.clear();
+  isEdit_ = false;
   editIndex_ = 0;
   Prepare(words::kContactNewTitle, kind, true);
   Fill(nullptr);
@@ -69,7 +72,9 @@ void frmAddContact::OpenNew(char16_t kind) {
 }
 
 void frmAddContact::OpenEdit(const Contact& contact, char16_t kind) {
-  editID_ = contact.GetData(Contact::kMobileId).substr(1);
+  const Text& id = contact.GetData(Contact::kMobileId);
+  editID_ = id.empty() ? Text() : id.substr(1);
+  isEdit_ = true;
   editIndex_ = 0;
   Prepare(words::kContactEditTitle, kind, false);
   Fill(&contact);
@@ -180,7 +185,11 @@ void frmAddContact::SaveRecord() {
 
 void frmAddContact::AddOrEditPhoneBook() {
   if (IsLoaded()) {
-    const bool done = Option1.checked ? WriteToSim() : WriteToPhone();
+    // The phone gave no name for such an entry; writing it would add it once more.
+    const bool isNameless = isEdit_ && editID_.empty();
+    const bool done = isNameless        ? Refuse(text::error::kWriteContact)
+                      : Option1.checked ? WriteToSim()
+                                        : WriteToPhone();
     if (done) Unload();
   }
   session_.SetCommandIdle();

@@ -110,8 +110,9 @@ class frmAddContact : public Window {
   TessarinMenu& session_;
   PhonebookLists& lists_;
   PhoneMemories& memories_;
-  Text editID_;        // on the phone: location or LUID; empty for a new contact
-  int editIndex_ = 0;  // in `tscContacts`; 0 when the phone is written
+  Text editID_;          // on the phone: location or LUID; empty for a new contact
+  bool isEdit_ = false;  // of an entry on the phone
+  int editIndex_ = 0;    // in `tscContacts`; 0 when the phone is written
   int captionIndex_ = 0;
   bool accepted_ = false;
 };

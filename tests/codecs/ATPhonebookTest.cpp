@@ -143,6 +143,19 @@ TEST_F(SimBook, FindsTheLowestFreePlace) {
   EXPECT_EQ(line.sent.back(), u"AT+CPBR=11,12");
 }
 
+TEST_F(SimBook, TakesNoNameForSuccessAndNoUnreadEntryForAFreePlace) {
+  SIMPhoneBookRecord record;
+  line.replies = {u"AT+CPBW=7,\"1\",129,\"Brooks\"\r\r\n+CMS ERROR:"};
+  EXPECT_FALSE(book.WriteSIMEntry(u"7", record));
+  Text text;
+  line.replies = {u"\r\n+CPBR: 1,\"1\",129,\"Brooks\"\r\n+CMS ERROR:"};
+  EXPECT_FALSE(book.ReadPhonebookRange(text, 1, 10));
+  line.replies = {u" 21\r\n" + kOk};  // the rest of an earlier refusal in front
+  EXPECT_TRUE(book.DeleteSIMEntry(u"7"));
+  line.replies = {u"\r\n+CPBR:1,\"1\",129,\"n\"\r\n" + kOk};
+  EXPECT_THROW((void)book.FindFreeSIMLocation(1, 10), ConversionError);
+}
+
 TEST_F(SimBook, WritesAnEntry) {
   const struct {
     Text number, name;

@@ -205,6 +205,36 @@ TEST_F(ContactListTest, KeepsTheSavedLinesOfAMemoryOnlyUntilItWasRead) {
   EXPECT_EQ(Mobile(), read);
 }
 
+TEST_F(ContactListTest, KeepsTheSavedLinesOfAMemoryThatWasReadInPart) {
+  const std::string first = Saved({u"g1", u"p1", u"old", u"Ann"}),
+                    second = Saved({u"g2", u"p2", u"old", u"Bob"});
+  folder_.Write("Pb/ContactMobile.dat", first + second);
+  PhonebookLists lists(files_);
+  lists.PhoneFound();
+  lists.phoneContacts->Add(Known({u"new", u"p1", u"now", u"Ann"}));
+  lists.MemoryRead(u'p', false);
+  lists.Unloading();
+  EXPECT_EQ(Mobile(), first + second);
+}
+
+TEST_F(ContactListTest, LeavesABookAloneThatItCannotRead) {
+  Write(Line(u"a") + "\r\n");
+  const auto file = folder_.Path() / "Pb/ContactTSC.dat";
+  std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0777));
+  std::filesystem::permissions(file, std::filesystem::perms(0222));
+  {
+    const OrdinaryUser user;
+    PhonebookLists lists(files_);
+    lists.PhoneFound();
+    lists.tscContacts->Add(Contact(u"b"));
+    lists.PhoneFound();
+    EXPECT_EQ(lists.tscContacts->Count(), 1) << "what could not be written is not dropped";
+    lists.Unloading();
+  }
+  std::filesystem::permissions(file, std::filesystem::perms(0644));
+  EXPECT_EQ(Book(), Line(u"a") + "\r\n");
+}
+
 TEST_F(ContactListTest, SavesTheListsBeforeASecondConnectionReplacesThem) {
   Write(Line(u"a") + "\r\n");
   PhonebookLists lists(files_);

@@ -253,6 +253,17 @@ TEST_F(PageTest, ShowsAndSavesDetails) {
   EXPECT_EQ(Boxes(), Names()) << "the user gave up";
 }
 
+TEST_F(PageTest, NeverWorksTheRowsOfOneMemoryAsThoseOfTheOther) {
+  Connect({{1, {"one", "1"}}}, {{{"given", "Ann"}}}, "Command2");
+  Click(u"ME");
+  Tick();
+  Select({0});
+  Click(u"SM");
+  EXPECT_EQ(Shown(), Names());
+  EXPECT_FALSE(CanDo("Delete"));
+  EXPECT_FALSE(CanDo("Edit"));
+}
+
 TEST_F(PageTest, SortsByEitherColumn) {
   Connect({{1, {"b", "1"}}, {2, {"C", "3"}}, {3, {"a", "2"}}}, {});
   Click(u"SM");
@@ -291,7 +302,8 @@ TEST_F(PageTest, DeletesWhatIsSelected) {
   Do("Delete");
   Tick();
   EXPECT_EQ(Shown().size(), 4u);
-  EXPECT_EQ(Boxes(), Names{Prompt(text::prompt::kContactsDeleted)});
+  EXPECT_EQ(Boxes(),
+            (Names{Error(text::error::kDeleteContact), Prompt(text::prompt::kContactsDeleted)}));
   Click(u"SM");
   Select({0, 1, 2});
   Do("Delete");
