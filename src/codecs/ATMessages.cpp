@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <memory>
 #include <random>
 #include <utility>
@@ -78,14 +79,15 @@ bool ATMessages::SelectMessageStore(TextView store, std::int16_t& used, std::int
 }
 
 bool ReadMessageReply(TextView reply, SMSMessage& record) {
-  constexpr std::size_t kStatusLine = 1;
-  constexpr std::size_t kPduLine = 2;
   if (!HoldsOk(Text(reply))) return false;
   const auto lines = Split(reply, u"\r\n");
-  if (lines.size() <= kPduLine || lines[kStatusLine].find(u"+CMGR:") == Text::npos) return false;
-  const std::string pdu = ToUtf8(lines[kPduLine]);
+  const auto status = std::find_if(lines.begin(), lines.end(), [](const Text& line) {
+    return line.find(u"+CMGR:") != Text::npos;
+  });
+  if (lines.end() - status < 2) return false;
+  const std::string pdu = ToUtf8(*std::next(status));
   const auto centre = static_cast<std::size_t>(modHexStr::HexToBytes(pdu.substr(0, 2))[0]);
-  SMS::DecodePDU(LeadingNumber(FieldsOf(lines[kStatusLine])[0]),
+  SMS::DecodePDU(LeadingNumber(FieldsOf(*status)[0]),
                  std::string_view(pdu).substr(std::min(pdu.size(), 2 * (centre + 1))), record);
   return true;
 }
