@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <memory>
 #include <random>
 #include <utility>
@@ -80,11 +81,11 @@ bool ATMessages::SelectMessageStore(TextView store, std::int16_t& used, std::int
 bool ReadMessageReply(TextView reply, SMSMessage& record) {
   if (!HoldsOk(Text(reply))) return false;
   const auto lines = Split(reply, u"\r\n");
-  // The rest of an earlier refusal may stand in front, and one more line with it.
-  const auto status = std::find_if(lines.begin(), lines.end(),
-                                   [](const Text& line) { return line.starts_with(u"+CMGR:"); });
+  const auto status = std::find_if(lines.begin(), lines.end(), [](const Text& line) {
+    return line.find(u"+CMGR:") != Text::npos;
+  });
   if (lines.end() - status < 2) return false;
-  const std::string pdu = ToUtf8(status[1]);
+  const std::string pdu = ToUtf8(*std::next(status));
   const auto centre = static_cast<std::size_t>(modHexStr::HexToBytes(pdu.substr(0, 2))[0]);
   SMS::DecodePDU(LeadingNumber(FieldsOf(*status)[0]),
                  std::string_view(pdu).substr(std::min(pdu.size(), 2 * (centre + 1))), record);

@@ -64,7 +64,8 @@ class ATMessages {
 // Puts the message of a reply to AT+CMGR into `record`, all but its location. False, and nothing
 // changes, for a reply without a message: one without "OK", or with nothing but that.
 //
-//   <line>                          empty, or the echo of the command
+//   <lines>                         empty, the echo of the command, or the end of an error's line:
+//                                   the reader of the reply before took that one at its first bytes
 //   +CMGR: <stat>,[<alpha>],<length>
 //   <PDU, the service centre's address in front>
 //   <empty>

@@ -239,9 +239,12 @@ constexpr char16_t kMessage[] =
 
 TEST(ReadAllMessages, WalksOverGaps) {
   ScriptedLine line;
-  line.replies = {kOk,      kMessage,
-                  kRefused, u"AT+CMGR=4\r\r\n+CMGR: 0,,2\r\n00040\r\n\r\nOK\r\n",
-                  u"ERROR", u" 321\r\n\r\n+CMGR: 3,,2\r\n\r\nOK\r\n"};
+  line.replies = {kOk,
+                  kMessage,
+                  kRefused,
+                  u"AT+CMGR=4\r\r\n+CMGR: 0,,2\r\n00040\r\n\r\nOK\r\n",
+                  u"\r\n+CMS ERROR:",
+                  u" 321\r\n\r\n+CMGR: 3,,2\r\n\r\nOK\r\n"};
   std::vector<SMSMessage> records(5);
   EXPECT_TRUE(ATMessages(line).ReadAllMessages(3, 20, records));
   ASSERT_EQ(records.size(), 3u);
