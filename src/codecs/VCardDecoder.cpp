@@ -125,10 +125,11 @@ class Decoder {
   void ReadCard(std::vector<PhoneBookRecord>& records) {
     line_ += 2;  // BEGIN and VERSION
     const bool hasName = Holds(At(lines_, line_), u";");
-    const Text name = hasName ? ReadName(Gather()) : Text();
     PhoneBookRecord& record = records.emplace_back();
-    record.Name = name;
-    if (hasName) ++line_;
+    if (hasName) {
+      record.Name = ReadName(Gather());
+      ++line_;
+    }
     do {
       ReadProperty(record);
       ++line_;
