@@ -7,7 +7,7 @@
 
 #include "files/FluidPlayer.h"
 #include "phonesim/SampleMedia.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {

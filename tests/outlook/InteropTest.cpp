@@ -13,7 +13,7 @@
 
 #include "outlook/Card.h"
 #include "outlook/VdirOutlook.h"
-#include "tests/link/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin::outlook {
 namespace {

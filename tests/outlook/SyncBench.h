@@ -7,9 +7,9 @@
 #include "codecs/modFile.h"
 #include "core/Language.h"
 #include "outlook/SyncRun.h"
-#include "tests/link/TempFolder.h"
 #include "tests/outlook/ScriptedOutlook.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 

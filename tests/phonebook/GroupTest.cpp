@@ -3,8 +3,8 @@
 #include "core/TextIndex.h"
 #include "phonebook/NumberLookup.h"
 #include "phonebook/frmAddGroup.h"
-#include "tests/link/TempFolder.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
 
 namespace tessarin {
 namespace {
