@@ -32,12 +32,12 @@ void CheckCards(std::string_view bytes) {
 void CheckEntries(std::string_view bytes) {
   const Text text = FromUtf8(bytes);
   std::vector<SIMPhoneBookRecord> records;
-  const int count = ATPhonebook::CountEntries(text);
   try {
+    const int count = ATPhonebook::CountEntries(text);
     ATPhonebook::ParseCPBRText(text, count, records);
     Require(records.size() == static_cast<std::size_t>(count));
   } catch (const ConversionError&) {
-    // A place that is no number.
+    // Entries that cannot be told apart, or a place that is no number.
   }
 }
 
