@@ -38,7 +38,7 @@ void TryCard(const std::string& bytes, unsigned choice, const Text& text) {
 
 void TryEvent(const std::string& bytes, unsigned choice, const Text& text) {
   auto event = Event::Read(bytes);
-  if (!event || !event->IsEvent()) return;
+  if (!event || !event->IsItem()) return;
   Require(event->Bytes() == bytes);
   AppointmentChanges changes;
   changes.Subject = text;
@@ -55,7 +55,7 @@ void TryEvent(const std::string& bytes, unsigned choice, const Text& text) {
   changes.clearRecurrence = true;
   event->Apply(changes);
   const auto again = Event::Read(event->Bytes());
-  Require(again && again->IsEvent() && again->uid() == event->uid());
+  Require(again && again->IsItem() && again->uid() == event->uid());
 }
 
 }  // namespace

@@ -33,8 +33,8 @@ class Card {
   static Card New(const std::string& uid);
 
   std::string Bytes() const { return lines_.Bytes(); }
-  // A group of contacts, which is no contact itself.
-  bool IsGroup() const { return isGroup_; }
+  // False for a group of contacts, which is no contact itself.
+  bool IsItem() const { return !isGroup_; }
   // Empty when the card has none.
   const Text& uid() const { return uid_; }
   const ContactTexts& texts() const { return texts_; }

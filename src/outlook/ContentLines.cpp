@@ -27,15 +27,31 @@ std::size_t FindColon(std::string_view text) {
   return unquoted != std::string_view::npos ? unquoted : text.find(':');
 }
 
-// One physical line from `start` on, its end included.
-std::string_view PhysicalLine(std::string_view bytes, std::size_t start) {
-  const std::size_t end = bytes.find('\n', start);
-  return bytes.substr(start, end == std::string_view::npos ? end : end + 1 - start);
+// The first physical line, its end included.
+std::string_view PhysicalLine(std::string_view bytes) {
+  const std::size_t end = bytes.find('\n');
+  return bytes.substr(0, end == std::string_view::npos ? end : end + 1);
 }
 
 std::string_view WithoutEnd(std::string_view line) {
   if (line.ends_with('\n')) line.remove_suffix(1);
   if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+bool IsFold(std::string_view bytes) { return bytes.starts_with(' ') || bytes.starts_with('\t'); }
+
+// Takes the first line off, with the lines that are folded onto it.
+ContentLine TakeLine(std::string_view& bytes) {
+  ContentLine line;
+  std::string_view rest = bytes;
+  do {
+    const std::string_view physical = PhysicalLine(rest);
+    line.text += WithoutEnd(physical).substr(line.raw.empty() ? 0 : 1);
+    line.raw += physical;
+    rest.remove_prefix(physical.size());
+  } while (IsFold(rest));
+  bytes = rest;
   return line;
 }
 
@@ -94,27 +110,15 @@ std::string UpperAscii(std::string_view text) {
 }
 
 std::optional<ContentLines> ContentLines::Read(std::string_view bytes) {
-  if (!IsUtf8(bytes)) return std::nullopt;
   ContentLines document;
   if (bytes.starts_with(kByteOrderMark)) {
     document.mark_ = kByteOrderMark;
     bytes.remove_prefix(kByteOrderMark.size());
   }
-  for (std::size_t start = 0; start < bytes.size();) {
-    ContentLine line;
-    const std::string_view first = PhysicalLine(bytes, start);
-    if (start == 0 && first.ends_with('\n') && !first.ends_with("\r\n")) document.lineEnd_ = "\n";
-    line.text = WithoutEnd(first);
-    start += first.size();
-    std::size_t end = start;
-    while (end < bytes.size() && (bytes[end] == ' ' || bytes[end] == '\t')) {
-      const std::string_view further = PhysicalLine(bytes, end);
-      line.text += WithoutEnd(further).substr(1);
-      end += further.size();
-    }
-    line.raw = bytes.substr(start - first.size(), end - start + first.size());
-    start = end;
-    if (!Analyse(line)) return std::nullopt;
+  if (!PhysicalLine(bytes).ends_with("\r\n")) document.lineEnd_ = "\n";
+  while (!bytes.empty()) {
+    ContentLine line = TakeLine(bytes);
+    if (!IsUtf8(line.text) || !Analyse(line)) return std::nullopt;
     document.lines_.push_back(std::move(line));
   }
   if (!document.FindBlocks() || document.blocks_.empty()) return std::nullopt;
@@ -237,6 +241,15 @@ std::string HeadWithout(const ContentLine& line, std::string_view name) {
     if (own != name) head.append(";").append(whole);
   });
   return head;
+}
+
+std::vector<std::string> ValuesIn(std::string_view bytes, std::string_view name) {
+  std::vector<std::string> values;
+  while (!bytes.empty()) {
+    ContentLine line = TakeLine(bytes);
+    if (Analyse(line) && line.name == name) values.emplace_back(line.value());
+  }
+  return values;
 }
 
 }  // namespace tessarin::outlook

@@ -79,6 +79,9 @@ std::string ParameterText(const ContentLine& line, std::string_view name);
 // The head without the parameters of that name.
 std::string HeadWithout(const ContentLine& line, std::string_view name);
 
+// The values of all lines of that name, in bytes that need be no whole object.
+std::vector<std::string> ValuesIn(std::string_view bytes, std::string_view name);
+
 std::string UpperAscii(std::string_view text);
 
 }  // namespace tessarin::outlook

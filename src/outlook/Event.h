@@ -41,7 +41,7 @@ class Event {
 
   std::string Bytes() const { return lines_.Bytes(); }
   // False for an object of to-dos, notes and the like. Nothing else may then be asked of it.
-  bool IsEvent() const { return event_.has_value(); }
+  bool IsItem() const { return event_.has_value(); }
   const Text& uid() const { return uid_; }
   const AppointmentFields& fields() const { return fields_; }
 

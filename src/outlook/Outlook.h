@@ -107,6 +107,8 @@ class ItemCollection {
   virtual int Count() const = 0;
   // By position from 1; BoundsError for one that is not there.
   virtual std::shared_ptr<outlook::Item> Item(int position) const = 0;
+  // Whether the folder holds an item of that identity that is left out because it cannot be read.
+  virtual bool IsSkipped(TextView entryId) const = 0;
 };
 
 class MAPIFolder {

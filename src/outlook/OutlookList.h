@@ -31,13 +31,20 @@ class OutlookFolder {
   void Load(const Each& each) {
     try {
       if (folder_ == nullptr) throw BoundsError();
-      const auto items = folder_->Items();
-      const int count = items->Count();
-      for (int position = 1; position <= count; ++position) each(items->Item(position));
+      items_ = folder_->Items();
+      const int count = items_->Count();
+      for (int position = 1; position <= count; ++position) each(items_->Item(position));
     } catch (const Fault&) {
+      loadFailed_ = true;
       ReportLoad();
     }
   }
+
+  // Whether Load ended early, so that items are missing which Outlook has.
+  bool LoadFailed() const { return loadFailed_; }
+  // Whether the folder that was loaded holds an item of that identity which cannot be read. It is
+  // in no list, but not gone either.
+  bool IsSkipped(TextView guid) const { return items_ != nullptr && items_->IsSkipped(guid); }
 
  protected:
   outlook::Automation& automation() const { return needs_.automation; }
@@ -49,6 +56,8 @@ class OutlookFolder {
   std::shared_ptr<outlook::Application> application_;
   std::shared_ptr<outlook::NameSpace> nameSpace_;
   std::shared_ptr<outlook::MAPIFolder> folder_;
+  std::shared_ptr<outlook::ItemCollection> items_;
+  bool loadFailed_ = false;
 };
 
 // `Wrapper` gives its item's identity as EntryIdOf(wrapper).

@@ -17,10 +17,19 @@ VdirFile::Version VdirFile::Look() const {
   return {found.st_mtim.tv_sec, found.st_mtim.tv_nsec, found.st_size, found.st_ino};
 }
 
-bool VdirFile::Exists() const { return modFile::FileExists(path_); }
+bool VdirFile::Exists() const {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path_, ignored);
+}
+
+bool VdirFile::IsGone() const {
+  std::error_code ignored;
+  return !std::filesystem::exists(std::filesystem::symlink_status(path_, ignored));
+}
 
 // Looked at first: a change during the reading counts as one after it.
 std::string VdirFile::Read() {
+  if (!Exists()) throw FileError(ENOENT, path_);
   const Version version = Look();
   std::string bytes = modFile::ReadWholeFile(path_);
   version_ = version;
@@ -44,7 +53,7 @@ std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     if (name.starts_with('.') || name.ends_with(".tmp") || !name.ends_with(extension)) continue;
-    if (modFile::FileExists(entry->path())) items.push_back(entry->path());
+    if (!modFile::FolderExists(entry->path())) items.push_back(entry->path());
   }
   if (error) throw FileError(error, folder);
   std::sort(items.begin(), items.end());

@@ -22,8 +22,11 @@ class VdirFile {
   // The name without its extension.
   Text Stem() const { return FromUtf8(path_.stem().string()); }
 
+  // A regular file, or a link to one.
   bool Exists() const;
-  // Both throw FileError.
+  // Nothing has that name any more, not even a link that leads nowhere.
+  bool IsGone() const;
+  // Both throw FileError. Only regular files are opened: others, such as pipes, can make wait.
   std::string Read();
   void Write(std::string_view bytes);
 
@@ -48,8 +51,8 @@ class VdirFile {
   Version version_;
 };
 
-// The items of a folder by name: regular files with that extension, none whose name begins with a
-// dot or ends in ".tmp". Throws FileError.
+// What a folder holds that is named as an item: with that extension, neither beginning with a dot
+// nor ending in ".tmp", and no folder. In the order of the names. Throws FileError.
 std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder,
                                              std::string_view extension);
 

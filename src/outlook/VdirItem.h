@@ -2,6 +2,8 @@
 
 // What contacts and events in a vdir folder have in common: identity, time, and how they are saved.
 
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "codecs/Faults.h"
@@ -25,15 +27,7 @@ class VdirItem : public Kind {
   // Sees what another program did to the file meanwhile; a file that cannot be read any more
   // leaves the item as it was.
   DateValue LastModificationTime() override {
-    if (isSaved_ && file_.HasChanged() && file_.Exists()) {
-      VdirFile file(file_.path());
-      auto now = Document::Read(file.Read());
-      if (now && IdentityIn(*now) == entryId_) {
-        document_ = std::move(*now);
-        file_ = std::move(file);
-        Loaded();
-      }
-    }
+    if (isSaved_ && file_.HasChanged()) SeeChange();
     return file_.Modified();
   }
 
@@ -44,10 +38,8 @@ class VdirItem : public Kind {
     std::string old;
     if (isSaved_ && file_.Exists()) {
       old = file_.Read();
-      auto now = Document::Read(old);
-      if (!now || IdentityIn(*now) != entryId_) {
-        throw FileError(std::make_error_code(std::errc::bad_message), file_.path());
-      }
+      auto now = SameItem(old);
+      if (!now) throw FileError(std::make_error_code(std::errc::bad_message), file_.path());
       Change(*now);
       document_ = std::move(*now);
     } else {
@@ -68,6 +60,28 @@ class VdirItem : public Kind {
   virtual void Loaded() = 0;
 
  private:
+  void SeeChange() {
+    VdirFile file(file_.path());
+    std::string bytes;
+    try {
+      bytes = file.Read();
+    } catch (const FileError&) {
+      return;
+    }
+    auto now = SameItem(bytes);
+    if (!now) return;
+    document_ = std::move(*now);
+    file_ = std::move(file);
+    Loaded();
+  }
+
+  // What the file's bytes are now, when they still are this item.
+  std::optional<Document> SameItem(std::string_view bytes) const {
+    auto now = Document::Read(bytes);
+    if (now && (!now->IsItem() || IdentityIn(*now) != entryId_)) now.reset();
+    return now;
+  }
+
   // Files that other programs wrote may have no UID.
   Text IdentityIn(const Document& document) const {
     return document.uid().empty() ? file_.Stem() : document.uid();

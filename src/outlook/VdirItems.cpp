@@ -75,19 +75,17 @@ void VdirAppointment::Loaded() {
   clearRecurrence_ = false;
 }
 
-std::shared_ptr<Item> ReadContact(const std::filesystem::path& path) {
-  VdirFile file(path);
-  auto card = Card::Read(file.Read());
+std::shared_ptr<Item> MakeContact(VdirFile file, std::string_view bytes) {
+  auto card = Card::Read(bytes);
   if (!card) return nullptr;
-  if (card->IsGroup()) return std::make_shared<OtherItem>(u"DistListItem", file.Stem());
+  if (!card->IsItem()) return std::make_shared<OtherItem>(u"DistListItem", file.Stem());
   return std::make_shared<VdirContact>(std::move(file), std::move(*card));
 }
 
-std::shared_ptr<Item> ReadAppointment(const std::filesystem::path& path) {
-  VdirFile file(path);
-  auto event = Event::Read(file.Read());
+std::shared_ptr<Item> MakeAppointment(VdirFile file, std::string_view bytes) {
+  auto event = Event::Read(bytes);
   if (!event) return nullptr;
-  if (!event->IsEvent()) return std::make_shared<OtherItem>(u"TaskItem", file.Stem());
+  if (!event->IsItem()) return std::make_shared<OtherItem>(u"TaskItem", file.Stem());
   return std::make_shared<VdirAppointment>(std::move(file), std::move(*event));
 }
 

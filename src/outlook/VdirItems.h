@@ -75,8 +75,8 @@ class OtherItem : public Item {
   Text typeName_, entryId_;
 };
 
-// The item in a file; null when the file is damaged. Throws FileError when it cannot be read.
-std::shared_ptr<Item> ReadContact(const std::filesystem::path& path);
-std::shared_ptr<Item> ReadAppointment(const std::filesystem::path& path);
+// The item in a file that was just read; null when these bytes are none.
+std::shared_ptr<Item> MakeContact(VdirFile file, std::string_view bytes);
+std::shared_ptr<Item> MakeAppointment(VdirFile file, std::string_view bytes);
 
 }  // namespace tessarin::outlook

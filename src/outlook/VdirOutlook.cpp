@@ -1,37 +1,32 @@
 #include "outlook/VdirOutlook.h"
 
 #include <filesystem>
+#include <set>
 #include <vector>
 
 #include "codecs/Faults.h"
+#include "outlook/ContentLines.h"
+#include "outlook/LineValue.h"
 #include "outlook/VdirItems.h"
 
 namespace tessarin::outlook {
 
 namespace {
 
-using Damaged = VdirOutlook::Damaged;
+using Skipped = VdirOutlook::Skipped;
 
 // What a default folder holds, and where.
 struct FolderKind {
   std::filesystem::path path;
   const char* extension;
-  std::shared_ptr<Item> (*read)(const std::filesystem::path& path);
+  std::shared_ptr<Item> (*make)(VdirFile file, std::string_view bytes);
 };
 
 class Items : public ItemCollection {
  public:
-  Items(const FolderKind& kind, const Damaged& damaged) {
-    Text skipped;
-    for (const auto& path : VdirItems(kind.path, kind.extension)) {
-      if (auto item = ReadUnlessGone(kind, path)) {
-        items_.push_back(std::move(item));
-      } else if (modFile::FileExists(path)) {
-        if (!skipped.empty()) skipped += u", ";
-        skipped += FromUtf8(path.filename().string());
-      }
-    }
-    if (!skipped.empty()) damaged(skipped);
+  Items(const FolderKind& kind, const Skipped& skipped) {
+    for (const auto& path : VdirItems(kind.path, kind.extension)) Take(kind, VdirFile(path));
+    if (!skippedNames_.empty()) skipped(skippedNames_);
   }
 
   int Count() const override { return static_cast<int>(items_.size()); }
@@ -39,37 +34,60 @@ class Items : public ItemCollection {
     if (position < 1 || position > Count()) throw BoundsError();
     return items_[static_cast<std::size_t>(position - 1)];
   }
+  bool IsSkipped(TextView entryId) const override {
+    return skippedIds_.find(entryId) != skippedIds_.end();
+  }
 
  private:
-  // Other programs may take a file away, or replace it, while the folder is read.
-  static std::shared_ptr<outlook::Item> ReadUnlessGone(const FolderKind& kind,
-                                                       const std::filesystem::path& path) {
-    try {
-      return kind.read(path);
-    } catch (const FileError&) {
-      if (modFile::FileExists(path)) throw;
-      return nullptr;
+  void Take(const FolderKind& kind, VdirFile file) {
+    const std::string bytes = BytesOf(file);
+    if (file.IsGone()) return;  // other programs may take a file away while the folder is read
+    if (auto item = kind.make(file, bytes)) {
+      items_.push_back(std::move(item));
+    } else {
+      Skip(file, bytes);
     }
   }
 
+  // None, which make no item, when the file does not let itself be read.
+  static std::string BytesOf(VdirFile& file) {
+    try {
+      return file.Read();
+    } catch (const FileError&) {
+      return "";
+    }
+  }
+
+  // A file by its name and by what is left of its UIDs.
+  void Skip(const VdirFile& file, std::string_view bytes) {
+    skippedIds_.insert(file.Stem());
+    for (const std::string& uid : ValuesIn(bytes, "UID")) {
+      skippedIds_.insert(Text(TrimBlanks(UnescapeText(uid))));
+    }
+    if (!skippedNames_.empty()) skippedNames_ += u", ";
+    skippedNames_ += FromUtf8(file.path().filename().string());
+  }
+
   std::vector<std::shared_ptr<outlook::Item>> items_;
+  std::set<Text, std::less<>> skippedIds_;
+  Text skippedNames_;
 };
 
 class Folder : public MAPIFolder {
  public:
-  Folder(FolderKind kind, Damaged damaged) : kind_(std::move(kind)), damaged_(std::move(damaged)) {}
+  Folder(FolderKind kind, Skipped skipped) : kind_(std::move(kind)), skipped_(std::move(skipped)) {}
   std::shared_ptr<ItemCollection> Items() override {
-    return std::make_shared<outlook::Items>(kind_, damaged_);
+    return std::make_shared<outlook::Items>(kind_, skipped_);
   }
 
  private:
   FolderKind kind_;
-  Damaged damaged_;
+  Skipped skipped_;
 };
 
 struct Folders {
   std::filesystem::path contacts, calendar;
-  Damaged damaged;
+  Skipped skipped;
 };
 
 class Names : public NameSpace {
@@ -77,12 +95,12 @@ class Names : public NameSpace {
   explicit Names(Folders folders) : folders_(std::move(folders)) {}
   std::shared_ptr<MAPIFolder> GetDefaultFolder(int folder) override {
     if (folder == kContactsFolder) {
-      return std::make_shared<Folder>(FolderKind{folders_.contacts, ".vcf", ReadContact},
-                                      folders_.damaged);
+      return std::make_shared<Folder>(FolderKind{folders_.contacts, ".vcf", MakeContact},
+                                      folders_.skipped);
     }
     if (folder != kCalendarFolder) throw BoundsError();
-    return std::make_shared<Folder>(FolderKind{folders_.calendar, ".ics", ReadAppointment},
-                                    folders_.damaged);
+    return std::make_shared<Folder>(FolderKind{folders_.calendar, ".ics", MakeAppointment},
+                                    folders_.skipped);
   }
 
  private:
@@ -109,13 +127,13 @@ class Store : public Application {
 
 }  // namespace
 
-VdirOutlook::VdirOutlook(const modFile& files, const Clock& clock, Damaged damaged)
-    : files_(files), clock_(clock), damaged_(std::move(damaged)) {}
+VdirOutlook::VdirOutlook(const modFile& files, const Clock& clock, Skipped skipped)
+    : files_(files), clock_(clock), skipped_(std::move(skipped)) {}
 
 std::shared_ptr<Application> VdirOutlook::CreateObject(TextView className) {
   if (className != u"Outlook.Application") throw BoundsError();
   Folders folders{files_.Path(u"\\Outlook\\Contacts"), files_.Path(u"\\Outlook\\Calendar"),
-                  damaged_};
+                  skipped_};
   modFile::MakeFolder(folders.contacts);
   modFile::MakeFolder(folders.calendar);
   return std::make_shared<Store>(std::move(folders), clock_);

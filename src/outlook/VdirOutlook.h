@@ -14,11 +14,11 @@ namespace tessarin::outlook {
 class VdirOutlook : public Automation {
  public:
   // Told once a reading of a folder, with the names of the files that were skipped because they
-  // are damaged, joined by ", ".
-  using Damaged = std::function<void(const Text& names)>;
+  // cannot be read, joined by ", ".
+  using Skipped = std::function<void(const Text& names)>;
 
   // All must outlive the store.
-  VdirOutlook(const modFile& files, const Clock& clock, Damaged damaged);
+  VdirOutlook(const modFile& files, const Clock& clock, Skipped skipped);
 
   // Makes the two folders when they are missing. Throws FileError.
   std::shared_ptr<Application> CreateObject(TextView className) override;
@@ -26,7 +26,7 @@ class VdirOutlook : public Automation {
  private:
   const modFile& files_;
   const Clock& clock_;
-  Damaged damaged_;
+  Skipped skipped_;
 };
 
 }  // namespace tessarin::outlook

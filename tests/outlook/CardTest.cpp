@@ -130,6 +130,16 @@ TEST(CardTest, KeepsLineEndsByteOrderMarkAndTheFormsOfVersionFour) {
   EXPECT_EQ(card.Bytes(), Replaced(Replaced(four, "555", "556"), "end:", "URL:http://x.org\nend:"));
 }
 
+// Some programs count bytes when they fold, and cut characters in two.
+TEST(CardTest, AFoldInsideACharacterIsNoDamage) {
+  const std::string cut =
+      "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:S\xC3\r\n \xB6hne\r\nTEL:1\r\nEND:VCARD\r\n";
+  Card card = *Card::Read(cut);
+  EXPECT_EQ(Of(card, P::FullName), u"Söhne");
+  card.Apply({{P::OtherTelephoneNumber, u"2"}});
+  EXPECT_EQ(card.Bytes(), Replaced(cut, "TEL:1", "TEL:2"));
+}
+
 TEST(CardTest, ANewCardHoldsWhatItWasGiven) {
   ContactChanges changes;
   for (std::size_t i = 0; i < kContactProperties; ++i) {
@@ -155,7 +165,7 @@ TEST(CardTest, ANewCardHoldsWhatItWasGiven) {
 }
 
 TEST(CardTest, GroupsAreToldAndDamagedFilesRefused) {
-  EXPECT_TRUE(Card::Read("BEGIN:VCARD\nVERSION:4.0\nKIND:group\nFN:x\nEND:VCARD\n")->IsGroup());
+  EXPECT_FALSE(Card::Read("BEGIN:VCARD\nVERSION:4.0\nKIND:group\nFN:x\nEND:VCARD\n")->IsItem());
   const std::string broken[] = {
       "",
       "\r\n",

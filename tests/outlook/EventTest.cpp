@@ -181,7 +181,7 @@ TEST_F(EventTest, ANewEventHoldsWhatItWasGiven) {
 TEST_F(EventTest, TodosAreNoEventsAndDamagedFilesAreRefused) {
   const std::string todo =
       "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VTODO\nUID:u\nSUMMARY:x\nEND:VTODO\nEND:VCALENDAR\n";
-  EXPECT_FALSE(Event::Read(todo)->IsEvent());
+  EXPECT_FALSE(Event::Read(todo)->IsItem());
   const std::string broken[] = {
       Object(""),
       Object("DTSTART:yesterday\r\n"),

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,9 @@ class ScriptedOutlook : public outlook::Automation {
   DateValue now = modDate::PackDate(2004, 6, 15);
   bool isMissing = false;  // no application can be made
   bool folderIsMissing = false;
-  int savesUntilFault = -1;        // below zero for none
-  std::vector<std::string> calls;  // the writing ones, in order
+  std::set<Text, std::less<>> skipped;  // identities of items that cannot be read
+  int savesUntilFault = -1;             // below zero for none
+  std::vector<std::string> calls;       // the writing ones, in order
 
   struct Stored {
     Text id;
@@ -124,31 +126,38 @@ class ScriptedOutlook : public outlook::Automation {
  private:
   class Items : public outlook::ItemCollection {
    public:
-    explicit Items(std::vector<std::shared_ptr<outlook::Item>> items) : items_(std::move(items)) {}
+    Items(std::vector<std::shared_ptr<outlook::Item>> items, std::set<Text, std::less<>> skipped)
+        : items_(std::move(items)), skipped_(std::move(skipped)) {}
     int Count() const override { return static_cast<int>(items_.size()); }
     std::shared_ptr<outlook::Item> Item(int position) const override {
       return items_.at(static_cast<std::size_t>(position - 1));
     }
+    bool IsSkipped(TextView entryId) const override { return skipped_.count(entryId) != 0; }
 
    private:
     std::vector<std::shared_ptr<outlook::Item>> items_;
+    std::set<Text, std::less<>> skipped_;
   };
   class Folder : public outlook::MAPIFolder {
    public:
-    explicit Folder(const std::vector<std::shared_ptr<outlook::Item>>& items) : items_(items) {}
+    Folder(const std::vector<std::shared_ptr<outlook::Item>>& items,
+           const std::set<Text, std::less<>>& skipped)
+        : items_(items), skipped_(skipped) {}
     std::shared_ptr<outlook::ItemCollection> Items() override {
-      return std::make_shared<ScriptedOutlook::Items>(items_);
+      return std::make_shared<ScriptedOutlook::Items>(items_, skipped_);
     }
 
    private:
     const std::vector<std::shared_ptr<outlook::Item>>& items_;
+    const std::set<Text, std::less<>>& skipped_;
   };
   class Names : public outlook::NameSpace {
    public:
     explicit Names(ScriptedOutlook& store) : store_(store) {}
     std::shared_ptr<outlook::MAPIFolder> GetDefaultFolder(int folder) override {
       if (store_.folderIsMissing) throw FileError(ENOENT, "folder");
-      return std::make_shared<Folder>(folder == 10 ? store_.contacts : store_.appointments);
+      return std::make_shared<Folder>(folder == 10 ? store_.contacts : store_.appointments,
+                                      store_.skipped);
     }
 
    private:

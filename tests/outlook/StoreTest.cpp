@@ -6,6 +6,8 @@
 
 #include "codecs/Faults.h"
 #include "outlook/VdirOutlook.h"
+#include "outlook/clsOutContactList.h"
+#include "tests/support/ScriptedHost.h"
 #include "tests/support/TempFolder.h"
 
 namespace tessarin::outlook {
@@ -38,32 +40,42 @@ class StoreTest : public testing::Test {
     const timespec times[] = {{time, 999999999}, {time, 999999999}};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
   }
+  std::filesystem::path Path(const std::string& name) {
+    return folder.Path() / "app/Outlook" / name;
+  }
   std::string Get(const std::string& name) { return folder.Read("app/Outlook/" + name); }
 
   TempFolder folder;
   modFile files{folder.Path() / "app", folder.Path()};
   StandingClock clock;
-  std::vector<Text> damaged;
-  VdirOutlook store{files, clock, [this](const Text& names) { damaged.push_back(names); }};
+  std::vector<Text> skipped;
+  VdirOutlook store{files, clock, [this](const Text& names) { skipped.push_back(names); }};
 };
 
 TEST_F(StoreTest, TakesItemsByTheRulesOfTheFolder) {
   Put("Contacts/b.vcf", CardOf("UID:two\r\nFN:B\r\n"));
   Put("Contacts/a name.vcf", CardOf("FN:A\r\n"));
   Put("Contacts/group.vcf", CardOf("KIND:group\r\n"));
-  Put("Contacts/broken.vcf", "BEGIN:VCARD\r\n");
-  Put("Contacts/worse.vcf", "");
+  Put("Contacts/broken.vcf", "BEGIN:VCARD\r\nitem1.uid;X=1:of-\r\n broken\r\n");
+  Put("Contacts/empty.vcf", "");
+  std::filesystem::create_symlink("nowhere", Path("Contacts/link.vcf"));
+  ASSERT_EQ(mkfifo(Path("Contacts/pipe.vcf").c_str(), 0600), 0);
   for (const char* other : {".hidden.vcf", "x.vcf.tmp", "y.txt", "z.ics"}) {
     Put(std::string("Contacts/") + other, CardOf("FN:X\r\n"));
   }
-  std::filesystem::create_directories(folder.Path() / "app/Outlook/Contacts/folder.vcf");
+  std::filesystem::create_directories(Path("Contacts/folder.vcf"));
   const auto items = Load();
   ASSERT_EQ(items->Count(), 3);
   EXPECT_EQ(items->Item(1)->EntryID(), u"a name");
   EXPECT_EQ(items->Item(2)->EntryID(), u"two");
   EXPECT_EQ(items->Item(3)->TypeName(), u"DistListItem");
-  EXPECT_EQ(damaged, std::vector<Text>{u"broken.vcf, worse.vcf"});
-  EXPECT_EQ(Get("Contacts/broken.vcf"), "BEGIN:VCARD\r\n");
+  EXPECT_EQ(skipped, std::vector<Text>{u"broken.vcf, empty.vcf, link.vcf, pipe.vcf"});
+  for (const char16_t* id : {u"broken", u"of-broken", u"empty", u"link", u"pipe"}) {
+    EXPECT_TRUE(items->IsSkipped(id)) << ToUtf8(id);
+  }
+  for (const char16_t* id : {u"a name", u"b", u"two", u"x", u"folder", u""}) {
+    EXPECT_FALSE(items->IsSkipped(id)) << ToUtf8(id);
+  }
   EXPECT_THROW(items->Item(4), BoundsError);
 }
 
@@ -129,6 +141,31 @@ TEST_F(StoreTest, AFileThatAnotherProgramChangedIsReadAgainFirst) {
   EXPECT_EQ(Get("Contacts/a.vcf"), CardOf("FN:B\r\nN:;B;;;\r\n"));
 }
 
+// The time is asked for each row that is shown, whatever the file has become by then.
+TEST_F(StoreTest, AnItemWhoseFileCannotBeReadAnyMoreStaysAsItWas) {
+  Put("Contacts/a.vcf", CardOf("FN:A\r\n"));
+  const auto items = Load();
+  const auto item = Contact(*items, 1);
+  const DateValue before = item->LastModificationTime();
+  const auto path = Path("Contacts/a.vcf");
+  const auto expectSame = [&](const char* became) {
+    EXPECT_EQ(item->LastModificationTime(), before) << became;
+    EXPECT_EQ(item->Get(P::FullName), u"A") << became;
+    std::filesystem::remove_all(path);
+  };
+  expectSame("untouched");
+  expectSame("gone");
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  expectSame("a pipe");
+  std::filesystem::create_directories(path);
+  expectSame("a folder");
+  Put("Contacts/a.vcf", "damaged");
+  expectSame("damaged");
+  Put("Contacts/a.vcf", CardOf("KIND:group\r\n"));
+  EXPECT_THROW(item->Save(), FileError);
+  expectSame("a group");
+}
+
 TEST_F(StoreTest, EventsAreKeptTheSameWay) {
   const auto item =
       std::dynamic_pointer_cast<AppointmentItem>(store.Shared().CreateItem(kAppointmentType));
@@ -141,7 +178,7 @@ TEST_F(StoreTest, EventsAreKeptTheSameWay) {
   Put("Calendar/broken.ics", "x");
   const auto items = Load(kCalendarFolder);
   ASSERT_EQ(items->Count(), 2);
-  EXPECT_EQ(damaged, std::vector<Text>{u"broken.ics"});
+  EXPECT_EQ(skipped, std::vector<Text>{u"broken.ics"});
   for (int position = 1; position <= 2; ++position) {
     const auto found = items->Item(position);
     if (found->TypeName() == u"TaskItem") continue;
@@ -150,6 +187,30 @@ TEST_F(StoreTest, EventsAreKeptTheSameWay) {
     EXPECT_EQ(fields.Subject, u"Lunch");
     EXPECT_EQ(fields.ReminderMinutesBeforeStart, 15);
   }
+}
+
+// Whoever leans on a list has to tell items that are gone from items that could not be had.
+TEST_F(StoreTest, AListTellsWhatItsLoadingCouldNotTake) {
+  ScriptedHost host;
+  const modFile shipped(folder.Path() / "app", TESSARIN_SHARE);
+  Language language(shipped);
+  language.readLangFile(0);
+  const OutlookNeeds needs{store, host, language};
+  Put("Contacts/a.vcf", CardOf("FN:A\r\n"));
+  Put("Contacts/b.vcf", "damaged");
+  clsOutContactList list(needs);
+  list.LoadOutlookContact();
+  EXPECT_EQ(list.Count(), 1);
+  EXPECT_TRUE(list.IsSkipped(u"b"));
+  EXPECT_FALSE(list.IsSkipped(u"a"));
+  EXPECT_FALSE(list.LoadFailed());
+
+  clsOutContactList failed(needs);
+  std::filesystem::remove_all(Path("Contacts"));
+  failed.LoadOutlookContact();
+  EXPECT_TRUE(failed.LoadFailed());
+  EXPECT_FALSE(failed.IsSkipped(u"b"));
+  EXPECT_EQ(host.boxes.size(), 1u);
 }
 
 TEST_F(StoreTest, AFolderThatCannotBeMadeIsAFault) {
