@@ -86,6 +86,11 @@ class Node:
         """x, y, width and height on the screen."""
         return self._ask(COMPONENT, "GetExtents", GLib.Variant("(u)", (SCREEN_COORDINATES,)))[0]
 
+    @property
+    def middle(self):
+        x, y, width, height = self.area
+        return x + width // 2, y + height // 2
+
     def act(self, action):
         """Does one of the widget's actions, such as "Press"."""
         offered = [name for name, _, _ in self._ask(ACTION, "GetActions")[0]]
@@ -133,6 +138,17 @@ def press_key(bus, symbol):
     press_and_release_symbol = 3
     ask(bus, *KEYS, "GenerateKeyboardEvent",
         GLib.Variant("(isu)", (symbol, "", press_and_release_symbol)))
+
+
+def drag(bus, start, end):
+    """As with the mouse, from one place on the screen to another."""
+    steps = 8
+    path = [tuple(a + (b - a) * step // steps for a, b in zip(start, end))
+            for step in range(steps + 1)]
+    for place, event in [(start, "abs"), (start, "b1p"), *((each, "abs") for each in path),
+                         (end, "b1r")]:
+        ask(bus, *KEYS, "GenerateMouseEvent", GLib.Variant("(iis)", (*place, event)))
+        time.sleep(0.1)  # Qt and the window manager look at the way, not only at its end
 
 
 def program(bus, process):

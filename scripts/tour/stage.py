@@ -143,6 +143,10 @@ class Stage:
                                  "--content", self._folder / "phone", "--battery", "charge",
                                  *options)
 
+    def size_of(self, file):
+        """In bytes, of a file in the application folder."""
+        return (self._folder / "data/Tessarin" / file).stat().st_size
+
     def end_phone(self):
         """Unplugs the phone; fails when it has a breach of the protocol to report."""
         status = end(self.phone)

@@ -5,7 +5,7 @@ A step's first line of documentation says what is done; what it returns says wha
 
 import re
 
-from screen import wait
+from screen import drag, wait
 from stage import grab
 from user import BATTERY_PANEL, LIMIT, User
 
@@ -13,6 +13,7 @@ DARK = 128  # of 255
 SLOW = "400"  # milliseconds before each answer of a slow phone, to see the windows of long work
 BATTERY_PICTURES = 3  # how many different ones must be seen while charging
 FOLDERS = ("Phone", "Sounds", "Ringtones")
+TUNE = "Ode"
 SCRIPTS = {"Cyrillic": re.compile("[\u0400-\u04FF]"), "Chinese": re.compile("[\u4E00-\u9FFF]")}
 
 
@@ -106,6 +107,22 @@ class Walk(User):
         self._wait_until_gone("dialog", self._words["kTransferTitle"])
         return "files " + ", ".join(f"“{name}” ({script})" for script, name in found.items())
 
+    def dragged(self):
+        """dragged a tune to the computer"""
+        self._press(self._words["kRingtone"])
+        files = self._wait("tree", self._words["kNamePhoneFiles"])
+        tune = wait("the ringtones", lambda: files.find("tree item", TUNE), LIMIT)
+        self._wait_for_the_window()
+        target = self._find("tree", self._words["kNameComputerFiles"])
+        drag(self._bus, tune.middle, target.middle)
+        box = self._wait("dialog", "Tessarin")
+        words = box.find("label", bool).name
+        box.find("push button", bool).act("Press")
+        received = wait("the tune on the computer",
+                        lambda: target.find("tree item", lambda name: name.startswith(TUNE)), LIMIT)
+        size = self._stage.size_of(f"UserData/Ringtone/{received.name}")
+        return f"“{words}”, {received.name} with {size} bytes"
+
     def lost(self):
         """switched the phone off"""
         self._stage.end_phone()
@@ -146,6 +163,6 @@ class Walk(User):
         self.leave()
         return "a clean end, and a phone without complaints"
 
-    WHOLE = (search, found, start_panel, charging, phone_info, explorer, folder, lost, found_again,
+    WHOLE = (search, found, start_panel, charging, phone_info, explorer, folder, dragged, lost, found_again,
              accepted, busy, closed)
     SHORT = (search, found, start_panel, phone_info, explorer, folder, closed)

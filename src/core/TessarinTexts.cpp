@@ -27,7 +27,7 @@ const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
 const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 140},
                                                   {words::kColumnComputerSize, 90, true},
                                                   {words::kColumnFileType, 95},
-                                                  {words::kColumnComputerDate, 145}};
+                                                  {words::kColumnComputerDate, 118}};
 const std::vector<Column> kMessageColumns = {{-1, 30},
                                              {words::kColumnMessageStore, 80},
                                              {words::kColumnMessageSender, 150},

@@ -155,7 +155,10 @@ void ComputerPane::fillList() {
 }
 
 Text ComputerPane::SelectedFile() const {
-  return list_.Current() < 0 ? Text() : list_.Cell(list_.Current(), 0);
+  const int focus = list_.Current();
+  if (focus >= 0 && list_.Row(focus).selected) return list_.Cell(focus, 0);
+  const auto selected = SelectedFiles();
+  return selected.empty() ? Text() : selected.front();
 }
 
 std::vector<Text> ComputerPane::SelectedFiles() const {
@@ -168,8 +171,10 @@ std::vector<Text> ComputerPane::SelectedFiles() const {
 
 bool ComputerPane::Holds(TextView name) const {
   const Text wanted = ToLower(name);
-  return std::any_of(list_.rows().begin(), list_.rows().end(),
-                     [&](const ListRow& row) { return ToLower(row.cells[0]) == wanted; });
+  const bool listed =
+      std::any_of(list_.rows().begin(), list_.rows().end(),
+                  [&](const ListRow& row) { return ToLower(row.cells[0]) == wanted; });
+  return listed || modFile::FileExists(SelectedFolder() / ToUtf8(name));
 }
 
 void ComputerPane::ApplyTexts() {

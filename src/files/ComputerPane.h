@@ -39,10 +39,10 @@ class ComputerPane {
   void fillList();
 
   std::filesystem::path SelectedFolder() const { return folderPathOf(tree_.SelectedKey()); }
-  // The name in the selected row, empty when there is none.
+  // Of the selected names the one with the focus, else the first; empty when there is none.
   Text SelectedFile() const;
   std::vector<Text> SelectedFiles() const;
-  // Whether the list has that name, upper and lower case being equal.
+  // Whether the list has that name, upper and lower case being equal, or the folder has by now.
   bool Holds(TextView name) const;
 
   // The words for types are those of the present language.

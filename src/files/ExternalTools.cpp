@@ -7,17 +7,31 @@
 
 namespace tessarin {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 constexpr char kPictureDesk[] = "PictureDesk";
 
-Text Lines(const std::vector<std::filesystem::path>& places) {
+Text Lines(const std::vector<fs::path>& places) {
   Text lines;
   for (const auto& place : places) {
     if (!lines.empty()) lines += u"\n";
     lines += FromUtf8(place.string());
   }
   return lines;
+}
+
+// Where that picture can be written: at `wanted`, or, where another one stands that the user may
+// have changed there, beside it under a name such as "Dusk (2).gif".
+fs::path PlaceFor(const fs::path& wanted, std::string_view picture) {
+  fs::path place = wanted;
+  for (int number = 2; modFile::FileExists(place) && modFile::ReadWholeFile(place) != picture;
+       ++number) {
+    place.replace_filename(wanted.stem().string() + " (" + std::to_string(number) + ")" +
+                           wanted.extension().string());
+  }
+  return place;
 }
 
 }  // namespace
@@ -45,10 +59,12 @@ void clsPictureDesk::ShowEditor() const { tools_.Start(kPictureDesk); }
 void clsPictureDesk::ShowImage(const Text& name, const Bytes& picture) const {
   TessarinMenu& session = tools_.session();
   const auto folder = session.files().Path(u"\\Temp");
-  const auto file = folder / (IsSafeFileName(name) ? ToUtf8(name) : "picture");
+  const std::string_view bytes(reinterpret_cast<const char*>(picture.data()), picture.size());
+  fs::path file = folder / (IsSafeFileName(name) ? ToUtf8(name) : "picture");
   try {
     modFile::MakeFolder(folder);
-    modFile::WriteWholeFile(file, {reinterpret_cast<const char*>(picture.data()), picture.size()});
+    file = PlaceFor(file, bytes);
+    modFile::WriteWholeFile(file, bytes);
   } catch (const FileError& fault) {
     session.host().MessageBox(fault.Message(), MessageKind::Error);
     return;

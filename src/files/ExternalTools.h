@@ -19,7 +19,7 @@ class clsPictureDesk {
 
   void ShowEditor() const;
   // The editor is given the picture as a file of that name in the folder "\Temp", where the user
-  // can save it under another.
+  // can save it. What was changed there is not overwritten.
   void ShowImage(const Text& name, const Bytes& picture) const;
 
  private:

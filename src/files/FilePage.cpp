@@ -185,6 +185,7 @@ void FilePage::PhoneLost() {
   panes_.upload.enabled = false;
   if (panes_.storage != nullptr) panes_.storage->enabled = false;
   panes_.computerList.enabled = true;
+  panes_.computerTree.enabled = true;
 }
 
 void FilePage::ApplyTexts() {

@@ -81,6 +81,7 @@ class FilePage : public Page {
   void Drop(const std::vector<std::filesystem::path>& files);
   void Send(const std::filesystem::path& file);
   bool MayReplace(const Text& name);
+  bool ReadsFirst();
   void Defer(std::int32_t commandState);
   void EnableLists();
   void Say(int interfaceText) const;
@@ -93,7 +94,7 @@ class FilePage : public Page {
   ComputerPane computer_;
   Editing editing_;
   Text mmsRoot_;
-  std::filesystem::path upload_;  // what the next upload sends
+  std::filesystem::path upload_;  // what the next upload sends, empty for nothing
   bool searchNeeded_ = false;
   bool searching_ = false;
 };

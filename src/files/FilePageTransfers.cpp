@@ -1,6 +1,7 @@
 // How a click or a drop on a page of files becomes a transfer.
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
@@ -20,6 +21,7 @@ void FilePage::Say(int interfaceText) const {
 void FilePage::EnableLists() {
   panes_.phoneList.enabled = PhoneIsThere();
   panes_.computerList.enabled = true;
+  panes_.computerTree.enabled = true;
   panes_.upload.enabled = PhoneIsThere();
 }
 
@@ -31,8 +33,10 @@ void FilePage::PhoneRowReleased(ListAct act) {
   shared_.session.UpdateActions();
 }
 
+// The arrow comes with the left button. Any other act may have put another file under it.
 void FilePage::ComputerRowReleased(ListAct act) {
-  if (act == ListAct::LeftButton || act == ListAct::ArrowKey) updateUploadArrows();
+  const bool chosen = act == ListAct::LeftButton || act == ListAct::ArrowKey;
+  if (chosen || panes_.upload.visible) updateUploadArrows();
   shared_.session.MainMenu.Enable("delete_PC_file", !computer_.SelectedFiles().empty());
 }
 
@@ -49,18 +53,27 @@ bool FilePage::MayReplace(const Text& name) {
                                    name) == Answer::Ok;
 }
 
-// Until the next tick nothing else can be selected, so that what is moved is what was asked about.
-// The phone may have gone while the question stood.
+// Until the next tick nothing else can be selected, so that what is moved, and where to, is what
+// was asked about. The phone may have gone while the question stood.
 void FilePage::Defer(std::int32_t commandState) {
   if (!PhoneIsThere()) return;
   panes_.phoneList.enabled = false;
   panes_.computerList.enabled = false;
+  panes_.computerTree.enabled = false;
   shared_.session.commandState = commandState;
+}
+
+// A folder that was just chosen is read before anything moves: the list's names and the question
+// would be those of another one.
+bool FilePage::ReadsFirst() {
+  if (!phone_.IsBehind()) return false;
+  NodeClicked();
+  return true;
 }
 
 void FilePage::DownloadClicked() {
   const Text name = phone_.SelectedName();
-  if (name.empty() || !PhoneIsThere() || shared_.session.IsBusy()) return;
+  if (name.empty() || !PhoneIsThere() || shared_.session.IsBusy() || ReadsFirst()) return;
   if (!row_.defers) {
     Download();
   } else if (!row_.asks || !computer_.Holds(name) || MayReplace(name)) {
@@ -95,7 +108,7 @@ void FilePage::Drop(const std::vector<fs::path>& files) {
 
 void FilePage::Send(const fs::path& file) {
   const Text name = FromUtf8(file.filename().string());
-  if (!PhoneIsThere() || shared_.session.IsBusy()) return;
+  if (!PhoneIsThere() || shared_.session.IsBusy() || ReadsFirst()) return;
   upload_ = file;
   if (!row_.defers) {
     Upload();
@@ -104,11 +117,13 @@ void FilePage::Send(const fs::path& file) {
   }
 }
 
+// Nothing is sent twice: a page that was opened behind the click of another one has no file.
 void FilePage::Upload() {
-  if (row_.kind == MediaKind::MMS) {
-    shared_.transfers.UploadToMms(upload_);
-  } else {
-    shared_.transfers.Upload(phone_, upload_);
+  const fs::path file = std::exchange(upload_, {});
+  if (!file.empty() && row_.kind == MediaKind::MMS) {
+    shared_.transfers.UploadToMms(file);
+  } else if (!file.empty()) {
+    shared_.transfers.Upload(phone_, file);
   }
   EnableLists();
 }

@@ -47,10 +47,17 @@ DateValue DateOf(const Text& cell) {
 }
 
 template <class KeyOfCell>
+void SortAsShown(ListView& list, KeyOfCell keyOfCell) {
+  if (list.sortColumn < 0) return;
+  SortBy(list, list.sortAscending,
+         [&](int row) { return keyOfCell(list.Cell(row, list.sortColumn)); });
+}
+
+template <class KeyOfCell>
 void SortByColumn(ListView& list, int column, KeyOfCell keyOfCell) {
   const bool ascending = list.sortColumn != column || !list.sortAscending;
-  SortBy(list, ascending, [&](int row) { return keyOfCell(list.Cell(row, column)); });
   cLVHeaderSortIcons::SetPhoneHeaderIcons(list, column, ascending);
+  SortAsShown(list, keyOfCell);
 }
 
 }  // namespace
@@ -69,10 +76,10 @@ void cLVHeaderSortIcons::SetPhoneHeaderIcons(ListView& list, int column, bool as
 }
 
 void SortListByText(ListView& list) {
-  if (list.sortColumn < 0) return;
-  SortBy(list, list.sortAscending,
-         [&](int row) { return ToLower(list.Cell(row, list.sortColumn)); });
+  SortAsShown(list, [](const Text& cell) { return ToLower(cell); });
 }
+
+void KeepSortedByNumber(ListView& list) { SortAsShown(list, NumberOf); }
 
 void sortListByNumber(ListView& list, int column) { SortByColumn(list, column, NumberOf); }
 void sortListByDate(ListView& list, int column) { SortByColumn(list, column, DateOf); }

@@ -28,8 +28,10 @@ class cLVHeaderSortIcons {
   std::vector<bool> descending_;
 };
 
-// Sorts by the column and direction in force; a list that was never sorted stays as it is.
+// Sorts by the column and direction in force, after a fill; a list that was never sorted stays as
+// it is.
 void SortListByText(ListView& list);
+void KeepSortedByNumber(ListView& list);
 
 // A click on the head of a column of numbers or dates: on the sorted column it turns the order
 // round, on another it sorts ascending. Numbers are 32-bit; a cell that holds none counts as 0, a

@@ -26,9 +26,10 @@ void Enter(Map& map, const std::string& key, Glob glob) {
   if (glob.weight > known.weight) known = std::move(glob);
 }
 
+// Empty also for a hidden file's name that has no further point.
 Text Extension(TextView name) {
   const auto point = name.rfind(u'.');
-  return point == TextView::npos ? Text() : ToUpper(name.substr(point + 1));
+  return point == TextView::npos || point == 0 ? Text() : ToUpper(name.substr(point + 1));
 }
 
 }  // namespace
@@ -84,11 +85,13 @@ const std::string& MimeTypes::Type(TextView fileName) {
 }
 
 Text MimeTypes::Words(const std::string& type, TextView fileName, const std::string& isoCode) {
+  const Text extension = Extension(fileName);
+  if (type == kUnknown && !extension.empty()) return extension;
   if (isoCode != wordsIsoCode_) words_.clear();
   wordsIsoCode_ = isoCode;
   const auto [place, isNew] = words_.try_emplace(type);
   if (isNew) place->second = ReadWords(type, isoCode);
-  return place->second.empty() ? Extension(fileName) : place->second;
+  return place->second.empty() ? extension : place->second;
 }
 
 Text MimeTypes::ReadWords(const std::string& type, const std::string& isoCode) const {

@@ -18,8 +18,8 @@ class MimeTypes {
   explicit MimeTypes(std::vector<std::filesystem::path> folders = StandardFolders());
 
   // The words for a file's type, such as "JPEG image", in the language of that ISO code ("de",
-  // "zh_CN"), in English where the database does not have that. Where it has no words at all, the
-  // name's extension.
+  // "zh_CN"), in English where the database does not have that. The name's extension says more than
+  // that a type is unknown, and stands where the database has no words at all.
   Text Words(const std::string& type, TextView fileName, const std::string& isoCode);
   // The type itself, such as "image/jpeg"; "application/octet-stream" for a name that says nothing.
   const std::string& Type(TextView fileName);

@@ -83,9 +83,13 @@ void PhonePane::fileLoading(const Text& startFolder) {
 bool PhonePane::subfileLoading() {
   const Text key = tree_.SelectedKey();
   Text xml;
-  if (!ReadFolder(key, xml) || !ShowFolder(key, xml)) return false;
-  tree_.Expand(key);
-  return true;
+  const bool read = ReadFolder(key, xml) && ShowFolder(key, xml);
+  if (read) {
+    tree_.Expand(key);
+  } else {
+    tree_.Select(currentFolder_);
+  }
+  return read;
 }
 
 bool PhonePane::ReadFolder(const Text& key, Text& xml) const {
@@ -118,8 +122,12 @@ bool PhonePane::ShowFolder(const Text& key, TextView xml) {
   std::vector<ListRow> rows;
   for (const ListedFile& file : listing.files) rows.push_back(PhoneFileRow(file.name, file.size));
   SayWhyEmpty(words::kFolderEmpty);
-  list_.sortColumn = -1;  // in the phone's own order
-  list_.Fill(std::move(rows));
+  list_.Fill(std::move(rows));  // in the phone's own order, until the user sorts them
+  if (list_.sortColumn == kSizeColumn) {
+    KeepSortedByNumber(list_);
+  } else {
+    SortListByText(list_);
+  }
   return true;
 }
 
@@ -148,7 +156,8 @@ bool PhonePane::FindBelow(const Text& key, TextView word, int depth) {
 }
 
 const ListRow* PhonePane::SelectedRow() const {
-  return list_.Current() < 0 ? nullptr : &list_.Row(list_.Current());
+  if (list_.Current() < 0 || !list_.Row(list_.Current()).selected) return nullptr;
+  return &list_.Row(list_.Current());
 }
 
 Text PhonePane::SelectedName() const {

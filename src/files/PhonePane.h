@@ -17,11 +17,13 @@ class PhonePane {
   // Begins the tree anew with the folder of that key as its root, and lists it. When that fails the
   // tree stays empty, and the list says so.
   void fileLoading(const Text& startFolder);
-  // Lists the selected node's folder; when that fails all stays as it is. False then.
+  // Lists the selected node's folder. When that fails all stays as it is, and the folder that the
+  // list shows is the selected one again, since files come from there and go there. False then.
   bool subfileLoading();
   // Looks below the tree's root for the first folder whose key holds `word`, in lower case, reading
-  // folder after folder, each before its next sibling. Selects and lists it. When there is none the
-  // root is listed again.
+  // folder after folder, each before its next sibling. Selects and lists it. The whole path counts,
+  // and the first that fits is taken, whatever lies further down. When there is none the root is
+  // listed again.
   void FindStartFolder(TextView word);
 
   // Nothing is known of the phone; the list says why, by an interface text.
@@ -36,8 +38,12 @@ class PhonePane {
   const Text& currentFolder() const { return currentFolder_; }
   // Whether the tree shows a folder, so that a file can come from it or go there.
   bool StandsInAFolder() const { return isRead_; }
+  // Whether the list shows another folder than the one that is selected: that one was chosen, and
+  // is not read yet.
+  bool IsBehind() const { return isRead_ && currentFolder_ != tree_.SelectedKey(); }
   // The whole name of the selected row, empty when there is none.
   Text SelectedName() const;
+  // Null for none. A row may have the focus and not be selected.
   const ListRow* SelectedRow() const;
   // Whether the list has that name, upper and lower case being equal.
   bool Holds(TextView name) const;

@@ -72,7 +72,7 @@ void PicturePreview::imagePreview() {
   });
   if (!got) return;
   session_.previewLogo.content = std::move(picture);
-  loaded_ = name;
+  loaded_ = Selected();
 }
 
 void PicturePreview::Preview() {
@@ -85,7 +85,7 @@ void PicturePreview::Preview() {
 
 // The preview may still show another picture than the one that is selected now.
 void PicturePreview::edit_Logo() {
-  if (session_.Check1.checked && loaded_ == pane_.SelectedName()) {
+  if (session_.Check1.checked && loaded_ == Selected()) {
     HandToEditor();
   } else {
     session_.commandState = job::kPictureEdit;

@@ -32,6 +32,8 @@ class PicturePreview : public SessionPart {
   void Load();
   void HandToEditor();
   void Offer(bool edit);
+  // The path on the phone of the selected picture.
+  Text Selected() const { return pane_.tree().SelectedKey() + u"\\" + pane_.SelectedName(); }
 
   TessarinMenu& session_;
   PhoneLink link_;
@@ -39,7 +41,7 @@ class PicturePreview : public SessionPart {
   PhonePane& pane_;
   ExternalTools& tools_;
   bool canEdit_ = false;
-  Text loaded_;  // the name of the picture that the preview holds
+  Text loaded_;  // the path of the picture that the preview holds
 };
 
 }  // namespace tessarin

@@ -122,9 +122,8 @@ void RingtonePreview::ringtonePrelisten() {
   std::error_code error;  // a folder that cannot be made fails when it is written to
   fs::create_directories(folder, error);
   if (!Fetch(folder)) return;
-  const fs::path received = folder / ToUtf8(pane_.SelectedName());
-  fs::remove(folder / kFile, error);
-  fs::rename(received, folder / kFile, error);
+  // In place of the tune before; one of just this name stays.
+  fs::rename(folder / ToUtf8(pane_.SelectedName()), folder / kFile, error);
   fetched_ = !error;
 }
 

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <sstream>
@@ -75,8 +76,11 @@ ToolStart ProcessStarter::Start(const std::string& tool,
                                 const std::vector<std::string>& arguments) {
   ToolStart start;
   start.places = folders_;
-  const auto path = PathFolders();
-  start.places.insert(start.places.end(), path.begin(), path.end());
+  for (fs::path& folder : PathFolders()) {
+    const bool known =
+        std::find(start.places.begin(), start.places.end(), folder) != start.places.end();
+    if (!known) start.places.push_back(std::move(folder));
+  }
   for (const fs::path& folder : start.places) {
     for (const std::string& name : {Stem(tool), Stem(tool) + kExe}) {
       if (!IsProgram(folder / name)) continue;

@@ -55,10 +55,10 @@ void Transfers::Tell(Outcome outcome, int prompt, int error) const {
 void Transfers::Download(PhonePane& phone, ComputerPane& computer) {
   phone_ = &phone;
   computer_ = &computer;
-  received_ = false;
+  reached_ = false;
   busyWindow_.PhoneToPc(worker::kDownloading, phone.SelectedName());
   busyWindow_.Work();
-  if (received_) computer.fillList();
+  if (reached_) computer.fillList();
 }
 
 bool Transfers::Note(Outcome& outcome, bool success) {
@@ -76,7 +76,7 @@ void Transfers::downloading() {
   (void)phone_->InFolder([&](const std::string& connectionId) {
     return Note(outcome, link_.files.GetFile(connectionId, name, folder));
   });
-  received_ = outcome == Outcome::Done;
+  reached_ = outcome != Outcome::NotReached;
   Tell(outcome, text::prompt::kFileReceived, text::error::kReceiveFile);
 }
 

@@ -18,7 +18,7 @@ class Transfers {
   Transfers(TessarinMenu& session, const PhoneLink& link, frmSplashTransmission& busyWindow);
 
   // Fetches the file in the phone's selected row into the computer's selected folder, in place of
-  // one of that name, and shows that folder anew.
+  // one of that name, and shows that folder anew: also when only a part of the file came.
   void Download(PhonePane& phone, ComputerPane& computer);
   // Sends a file into the phone's selected folder, in place of one of that name. The phone's list
   // shows it when it is read the next time.
@@ -47,7 +47,7 @@ class Transfers {
   PhonePane* phone_ = nullptr;  // null for the multimedia message service
   ComputerPane* computer_ = nullptr;
   std::filesystem::path file_;
-  bool received_ = false;
+  bool reached_ = false;  // the phone's file, with whatever outcome
 };
 
 }  // namespace tessarin

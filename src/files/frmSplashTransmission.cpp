@@ -14,6 +14,12 @@ namespace {
 constexpr int kThousandths = 1000;
 constexpr std::chrono::milliseconds kBetweenPictures{100};
 
+// A phone may tell less than it sends.
+int ShareOf(std::uint64_t bytes, std::uint64_t total) {
+  const double whole = static_cast<double>(std::max<std::uint64_t>(total, 1));
+  return static_cast<int>(std::min(1.0, static_cast<double>(bytes) / whole) * kThousandths);
+}
+
 }  // namespace
 
 frmSplashTransmission::frmSplashTransmission(TessarinMenu& session)
@@ -63,16 +69,17 @@ void frmSplashTransmission::FormUnload() { Animation1.playing = false; }
 
 void frmSplashTransmission::Progress(std::uint64_t bytes, std::uint64_t total) {
   const auto now = Time::now();
-  if (now - lastShown_ < kBetweenPictures && bytes < total) return;
+  if (now - lastShown_ < kBetweenPictures && bytes != total) return;
   lastShown_ = now;
   const std::chrono::duration<double> passed = now - start_;
-  const double whole = static_cast<double>(std::max<std::uint64_t>(total, 1));
   const double rate = static_cast<double>(bytes) / std::max(passed.count(), 0.001);
   const Language& language = session_.language();
-  prgTransfer.value =
-      static_cast<int>(std::min(1.0, static_cast<double>(bytes) / whole) * kThousandths);
+  const Text amount = locale_.Amount(bytes);
+  prgTransfer.visible = total > 0;
+  prgTransfer.value = ShareOf(bytes, total);
   lblAmount.text =
-      language.Filled(words::kTransferProgress, {locale_.Amount(bytes), locale_.Amount(total)}) +
+      (total == 0 ? amount
+                  : language.Filled(words::kTransferProgress, {amount, locale_.Amount(total)})) +
       u" · " +
       language.Filled(words::kTransferRate,
                       {locale_.Amount(static_cast<unsigned long long>(rate))});

@@ -51,8 +51,8 @@ class frmSplashTransmission : public Window {
   // however the worker ends.
   void Work();
 
-  // Told by a worker, as often as it likes: so many bytes of a file of `total` have crossed. The
-  // screen follows every tenth of a second and at the end.
+  // Told by a worker, as often as it likes: so many bytes of a file of `total`, 0 for unknown, have
+  // crossed. The screen follows every tenth of a second and at the end.
   void Progress(std::uint64_t bytes, std::uint64_t total);
 
  protected:

@@ -4,6 +4,7 @@
 #include "core/PageTable.h"
 #include "tests/endtoend/EndToEnd.h"
 #include "tests/support/ComputerTree.h"
+#include "tests/support/OrdinaryUser.h"
 
 namespace tessarin {
 namespace {
@@ -159,17 +160,106 @@ TEST_F(FilesTest, AFileOfThatNameIsReplacedOnlyWhenTheUserAgrees) {
   ASSERT_TRUE(Press(panes.upload));
   EXPECT_EQ(folder.Read(OnPhone(page, "SONG.mid")), "of the computer");
   EXPECT_EQ(panes.phoneList.Count(), 1) << "the phone's list waits for a refresh";
+}
 
-  // The File page never asks.
-  const PageCase& files = kPageCases[0];
-  folder.Write(OnPhone(files, "same"), "from the phone");
-  folder.Write(OnComputer(files, "same"), "of the computer");
-  Boxes();
-  Open(files);
-  Choose(Panes(files).phoneList, "same");
-  ASSERT_TRUE(Press(Panes(files).download));
-  EXPECT_EQ(Boxes(), std::vector<Text>{Prompt(text::prompt::kFileReceived)});
-  EXPECT_EQ(folder.Read(OnComputer(files, "same")), "from the phone");
+// All but the File page, which replaces what is there.
+TEST_F(FilesTest, EveryMediaPageAsksBothWays) {
+  for (const PageCase& page : kPageCases) {
+    folder.Write(OnPhone(page, NameOf(page)), "from the phone");
+    folder.Write(OnComputer(page, NameOf(page)), "of the computer");
+  }
+  ASSERT_TRUE(StartsAndConnects());
+  for (const PageCase& page : kPageCases) {
+    SCOPED_TRACE(page.page);
+    const std::string name = NameOf(page);
+    const bool asks = page.kind != MediaKind::File;
+    Open(page);
+    const FilePanes& panes = Panes(page);
+    // Presses the arrow until the file has moved; `target` must stay as it is before that.
+    const auto move = [&](Button& arrow, int done, const std::string& target) {
+      const std::string before = folder.Read(target);
+      std::vector<Text> told = {Prompt(done)};
+      if (asks) {
+        host.answers = {Answer::Cancel, Answer::Ok};
+        ASSERT_TRUE(Press(arrow));
+        EXPECT_EQ(folder.Read(target), before);
+        told.insert(told.begin(), 2, Prompt(text::prompt::kReplaceFile));
+      }
+      ASSERT_TRUE(Press(arrow));
+      EXPECT_EQ(Boxes(), told);
+    };
+    Choose(panes.phoneList, page.stem);
+    move(panes.download, text::prompt::kFileReceived, OnComputer(page, name));
+    EXPECT_EQ(folder.Read(OnComputer(page, name)), "from the phone");
+    folder.Write(OnComputer(page, name), "changed meanwhile");
+    Choose(panes.computerList, name);
+    move(panes.upload, text::prompt::kFileSent, OnPhone(page, name));
+    EXPECT_EQ(folder.Read(OnPhone(page, name)), "changed meanwhile");
+  }
+  ExpectGoodPoll();
+}
+
+// The phones that a model's rules are for, one after the other on the same line.
+TEST_F(FilesTest, EachModelIsOfferedWhatItTakes) {
+  const char* const extensions[] = {"mid", "mp3", "amr", "wav",  "imy", "emy", "jpg", "bmp", "gif",
+                                    "png", "svg", "mp4", "wbmp", "3gp", "m4a", "thm", "tpl", "txt"};
+  const auto fill = [&](const std::string& computerFolder) {
+    fs::create_directories(folder.Path() / computerFolder);
+    folder.Write(computerFolder + "/bare", "x");
+    for (const char* extension : extensions) {
+      folder.Write(computerFolder + "/x." + extension, "x");
+    }
+  };
+  for (const char* name : {"Java", "MMS", "Ringtone", "Picture", "Theme", "Movie"}) {
+    fill(std::string("app/UserData/") + name);
+  }
+  const auto offered = [&](const char* page) {
+    EXPECT_TRUE(Does([&] { session.Toolbar2.clicked(page); }));
+    std::string names;
+    for (const FilePanes& panes : session.filePanes()) {
+      if (panes.panel != PanelOf(page)) continue;
+      if (panes.panel == kFilePanel) {
+        OpenOnComputer(host, panes.computerTree, folder.Path() / "app/UserData/Java");
+      }
+      for (int row = 0; row < panes.computerList.Count(); ++row) {
+        const Text name = panes.computerList.Cell(row, 0);
+        Choose(panes.computerList, ToUtf8(name));
+        if (panes.upload.visible) names += ToUtf8(name.substr(name.find(u'.') + 1)) + " ";
+      }
+    }
+    return names;
+  };
+  const std::string pictures = "bmp gif jpg png wbmp ", movies = "3gp amr mid mp3 mp4 wav ";
+  const struct {
+    const char* model;
+    std::string ringtones, pictures, movies;
+  } cases[] = {
+      {"F500", "mid mp3 ", pictures, movies},
+      {"K500", "amr mid mp3 wav ", pictures, movies},
+      {"K700", "amr mid mp3 wav ", pictures, movies},
+      {"S700", "amr emy imy mid mp3 ", "bmp gif jpg png svg wbmp ", "3gp amr m4a mp3 mp4 wav "},
+      {"T610", "mid mp3 ", pictures, movies},
+      {"W500", "mid mp3 ", pictures, movies},
+      {"Z1010", "amr mid mp3 wav ", pictures, "3gp mp4 "},
+      {"Z600", "mid mp3 ", "", movies},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.model);
+    Behave([&](phonesim::Behaviour& b) { b.identity.modelCode = b.identity.modelName = c.model; });
+    phone.Start();
+    if (session.statusPhase == kNoPhone && !session.phoneWasSeen) program.Start();
+    ASSERT_TRUE(Connects());
+    ASSERT_EQ(ToUtf8(session.phoneModel), c.model);
+    EXPECT_EQ(offered("Ringtone"), c.ringtones);
+    EXPECT_EQ(offered("Logo"), c.pictures);
+    EXPECT_EQ(offered("Movie"), c.movies);
+    EXPECT_EQ(offered("Photo"), "thm ");
+    EXPECT_EQ(offered("MMS"), "tpl ");
+    EXPECT_EQ(offered("File"),
+              "bare 3gp amr bmp emy gif imy jpg m4a mid mp3 mp4 png svg thm tpl txt wav wbmp ");
+    phone.Stop();
+    ASSERT_TRUE(host.RunUntil([this] { return session.statusPhase == kNoPhone; }));
+  }
 }
 
 TEST_F(FilesTest, AMessageTemplateGoesToTheServiceWithoutFolders) {
@@ -184,13 +274,12 @@ TEST_F(FilesTest, AMessageTemplateGoesToTheServiceWithoutFolders) {
   ASSERT_TRUE(Press(session.icoUpload1));
   EXPECT_EQ(Boxes(), std::vector<Text>{Prompt(text::prompt::kFileSent)});
   EXPECT_TRUE(folder.Read("phone/.books/mms/hello.tpl") == Content(2000));
-  Behave([](phonesim::Behaviour& b) {
-    b.refusedOperations[phonesim::ObexOperation::Connect] = {0xC3, 1};
-  });
-  ASSERT_TRUE(Press(session.icoUpload1));
-  EXPECT_EQ(Boxes(), std::vector<Text>{Error(text::error::kSendFile)});
-  Behave([](phonesim::Behaviour& b) { b.refusedOperations.clear(); });
-  ExpectGoodPoll();
+  for (const auto operation : {phonesim::ObexOperation::Connect, phonesim::ObexOperation::Put}) {
+    Behave([&](phonesim::Behaviour& b) { b.refusedOperations = {{operation, {0xC3, 1}}}; });
+    ASSERT_TRUE(Press(session.icoUpload1));
+    EXPECT_EQ(Boxes(), std::vector<Text>{Error(text::error::kSendFile)});
+    ExpectGoodPoll();
+  }
 }
 
 TEST_F(FilesTest, AStepThatFailsIsToldOnceAndLeavesAGoodLink) {
@@ -207,8 +296,13 @@ TEST_F(FilesTest, AStepThatFailsIsToldOnceAndLeavesAGoodLink) {
   const auto both = [&](const char* step, bool up, bool down) {
     SCOPED_TRACE(step);
     if (down) {
+      std::vector<Text> told = {Error(text::error::kReceiveFile)};
+      const auto begun = folder.Path() / OnComputer(page, name);
+      if (fs::exists(begun)) told.insert(told.begin(), Prompt(text::prompt::kReplaceFile));
       ASSERT_TRUE(Press(panes.download));
-      EXPECT_EQ(Boxes(), std::vector<Text>{Error(text::error::kReceiveFile)});
+      EXPECT_EQ(Boxes(), told);
+      EXPECT_EQ(panes.computerList.Count(), fs::exists(begun) ? 2 : 1)
+          << "what came of the file stays, and is seen";
     }
     if (up) {
       // A download shows the list anew, and the arrow waits for a choice.
@@ -255,7 +349,17 @@ TEST_F(FilesTest, WhatTheComputerCannotKeepIsToldAndHarmsNothingElse) {
   ASSERT_TRUE(Press(panes.download));
   EXPECT_EQ(Boxes().back(), Error(text::error::kReceiveFile)) << "the disk is full";
   EXPECT_EQ(folder.Read(OnComputer(page, "other.3gp")), "untouched");
-  fs::remove_all(folder.Path() / page.computerFolder);
+  fs::remove(folder.Path() / OnComputer(page, "full.3gp"));
+  const fs::path target = folder.Path() / page.computerFolder;
+  fs::permissions(target, fs::perms(0555));
+  {
+    const OrdinaryUser user;
+    ASSERT_TRUE(Press(panes.download));
+  }
+  fs::permissions(target, fs::perms(0755));
+  EXPECT_EQ(Boxes().back(), Error(text::error::kReceiveFile)) << "no rights to the folder";
+  EXPECT_EQ(folder.Read(OnComputer(page, "full.3gp")), "(none)");
+  fs::remove_all(target);
   ASSERT_TRUE(Press(panes.download));
   EXPECT_EQ(Boxes().back(), Error(text::error::kReceiveFile)) << "the folder is gone";
   ExpectGoodPoll();

@@ -141,6 +141,38 @@ TEST_F(ComputerPaneTest, DeletesWhatIsSelectedAfterAQuestion) {
   EXPECT_EQ(host.boxes[1].buttons, MessageButtons::OkCancel);
 }
 
+// What goes to the phone is what is selected, and what the arrow was offered for.
+TEST_F(ComputerPaneTest, TheArrowFollowsEveryWayToSelect) {
+  const auto select = [this](std::vector<int> rows, int focus, ListAct act) {
+    host.RunEvent([&] {
+      list_.SelectByUser(rows, focus);
+      list_.released(act);
+    });
+    return session.icoUpload2.visible();
+  };
+  Show("Ringtone");  // Anton.MP3, b.mid, none
+  const ComputerPane& pane = pages.Page(MediaKind::Ringtone).computer();
+  EXPECT_FALSE(select({0}, 0, ListAct::RightButton));
+  EXPECT_TRUE(select({0}, 0, ListAct::LeftButton));
+  EXPECT_TRUE(select({0, 1}, 1, ListAct::LeftButton));
+  EXPECT_EQ(pane.SelectedFile(), u"b.mid");
+  EXPECT_TRUE(select({0}, 1, ListAct::LeftButton)) << "a row may have the focus alone";
+  EXPECT_EQ(pane.SelectedFile(), u"Anton.MP3");
+  EXPECT_FALSE(select({2}, 2, ListAct::OtherKey)) << "a letter leads to another file";
+  EXPECT_FALSE(select({}, 0, ListAct::LeftButton));
+  EXPECT_EQ(pane.SelectedFile(), u"");
+}
+
+TEST_F(ComputerPaneTest, KnowsAFileThatCameAfterTheListWasFilled) {
+  Show("Ringtone");
+  const ComputerPane& pane = pages.Page(MediaKind::Ringtone).computer();
+  EXPECT_TRUE(pane.Holds(u"ANTON.mp3"));
+  EXPECT_FALSE(pane.Holds(u"new.mid"));
+  PutOnComputer("Ringtone/new.mid", "of an editor");
+  EXPECT_TRUE(pane.Holds(u"new.mid"));
+  EXPECT_FALSE(pane.Holds(u"Old")) << "a folder";
+}
+
 TEST(ComputerSize, IsInWholeKilobytes) {
   ::setenv("LC_ALL", "C", 1);
   const UserLocale locale;
@@ -169,6 +201,9 @@ TEST(MimeTypes, ReadsTheDatabase) {
   folder.Write("system/audio/midi.xml",
                "<mime-type xmlns='x'><comment>MIDI audio</comment>"
                "<comment xml:lang='de'>MIDI-Audio</comment></mime-type>");
+  fs::create_directories(folder.Path() / "system/application");
+  folder.Write("system/application/octet-stream.xml",
+               "<mime-type><comment>unknown</comment></mime-type>");
   folder.Write("own/audio/own.xml", "<mime-type><comm");
   MimeTypes types({folder.Path() / "own", folder.Path() / "system"});
   const struct {
@@ -176,10 +211,15 @@ TEST(MimeTypes, ReadsTheDatabase) {
     const char* type;
     const char16_t* german;
   } cases[] = {
-      {u"a.b.MID", "audio/midi", u"MIDI-Audio"},    {u"a.kar", "audio/midi", u"MIDI-Audio"},
-      {u"x.tar.gz", "application/tgz", u"GZ"},      {u"makefile", "text/make", u""},
-      {u"man.1", "application/octet-stream", u"1"}, {u"a.own", "audio/own", u"OWN"},
-      {u"", "application/octet-stream", u""},
+      {u"a.b.MID", "audio/midi", u"MIDI-Audio"},
+      {u"a.kar", "audio/midi", u"MIDI-Audio"},
+      {u"x.tar.gz", "application/tgz", u"GZ"},
+      {u"makefile", "text/make", u""},
+      {u"man.1", "application/octet-stream", u"1"},
+      {u"a.own", "audio/own", u"OWN"},
+      {u"", "application/octet-stream", u"unknown"},
+      {u".profile", "application/octet-stream", u"unknown"},
+      {u"Dusk.thm", "application/octet-stream", u"THM"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(types.Type(c.name), c.type) << ToUtf8(c.name);

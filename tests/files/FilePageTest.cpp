@@ -1,4 +1,5 @@
 #include <cstring>
+#include <thread>
 
 #include "codecs/Faults.h"
 #include "tests/files/FilePagesBench.h"
@@ -94,6 +95,7 @@ TEST_F(FilePageTest, AFolderThatIsGoneLeavesTreeAndListAsTheyAre) {
   Enter(u"Phone\\Sounds & <more>");
   EXPECT_EQ(Files(), "README|5| empty|0|txt ");
   EXPECT_EQ(page_.currentFolder(), u"Phone\\Other");
+  EXPECT_EQ(session.tvwPhoneDir.SelectedKey(), u"Phone\\Other") << "files come from what is shown";
   EXPECT_EQ(session.tvwPhoneDir.Count(), 5);
   EXPECT_TRUE(host.boxes.empty());
   ExpectIdle();
@@ -226,6 +228,48 @@ TEST_F(FilePageTest, DeleteAsksReadsAgainAndLeavesTheFile) {
   EXPECT_EQ(folder.Read("phone/Phone/Other/README"), "12345");
 }
 
+// The list still shows the names of the folder before, and so would the question.
+TEST_F(FilePageTest, AFolderThatWasJustChosenIsReadBeforeAnythingMoves) {
+  PutOnPhone("Phone/New/README", "of the new folder");
+  const auto file = folder.Write("README", "of the computer");
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Other");
+  Choose(session.lvwPhoneFile, u"README");
+  host.RunEvent([this] { session.tvwPhoneDir.SelectByUser(u"Phone\\New"); });
+  Press(session.icoDownload);
+  host.RunEvent([&] { session.lvwPhoneFile.filesDropped({file}); });
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_EQ(session.commandState, job::kLoadSubfolder);
+  Tick(session.Timer1);
+  EXPECT_EQ(Files(), "README|17| ");
+  EXPECT_EQ(folder.Read("deep/in/README"), "(none)");
+  EXPECT_EQ(folder.Read("phone/Phone/New/README"), "of the new folder");
+  Choose(session.lvwPhoneFile, u"README");
+  Press(session.icoDownload);
+  EXPECT_EQ(folder.Read("deep/in/README"), "of the new folder");
+}
+
+TEST_F(FilePageTest, TheOrderThatTheUserChoseHoldsInEveryFolder) {
+  PutOnPhone("Phone/Many/b.bin", std::string(9, 'x'));
+  PutOnPhone("Phone/Many/C", std::string(10, 'x'));
+  PutOnPhone("Phone/Many/a.txt", std::string(100, 'x'));
+  Open();
+  Enter(u"Phone");
+  Enter(u"Phone\\Many");
+  const auto click = [this](int column) {
+    host.RunEvent([&] { session.lvwPhoneFile.columnClicked(column); });
+    const std::string sorted = Files();
+    Enter(u"Phone\\Other");
+    Enter(u"Phone\\Many");
+    EXPECT_EQ(Files(), sorted);
+    return sorted;
+  };
+  EXPECT_EQ(click(1), "b|9|bin C|10| a|100|txt ") << "sizes as numbers";
+  EXPECT_EQ(click(1), "a|100|txt C|10| b|9|bin ");
+  EXPECT_EQ(click(0), "a|100|txt b|9|bin C|10| ");
+}
+
 // What a fetch is, how far it is, and how fast.
 TEST_F(FilePageTest, TheBusyWindowShowsNameBytesAndRate) {
   PutOnPhone("Phone/Other/" + std::string(200, 'n') + ".bin", std::string(3 << 20, 'x'));
@@ -249,6 +293,10 @@ TEST_F(FilePageTest, TheBusyWindowShowsNameBytesAndRate) {
   EXPECT_EQ(most, 1000);
   EXPECT_EQ(std::filesystem::file_size(received_ / (std::string(200, 'n') + ".bin")), 3U << 20);
   follow = Connection();
+  std::this_thread::sleep_for(std::chrono::milliseconds(110));
+  busyWindow.Progress(1536, 0);
+  EXPECT_TRUE(busyWindow.lblAmount.text->starts_with(u"1.5 KB · "));
+  EXPECT_FALSE(busyWindow.prgTransfer.visible) << "the phone told no size";
   busyWindow.PhoneToPc(worker::kFileLoading, u"");
   EXPECT_FALSE(busyWindow.lblAmount.visible || busyWindow.prgTransfer.visible);
 }

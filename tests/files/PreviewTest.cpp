@@ -9,6 +9,7 @@ class RingtonePreviewTest : public FilePagesBench {
     PutOnPhone("Phone/Ringtones/Ode.mid", "MThd ode");
     PutOnPhone("Phone/Ringtones/bell", "MThd bell");
     PutOnPhone("Phone/Ringtones/loud.mp3", "mp3");
+    PutOnPhone("Phone/Ringtones/temp.mid", "MThd temp");
     StartAndConnect();
     OpenAndSearch("Ringtone", session.timerRingtone);
     player.Taken();
@@ -66,6 +67,18 @@ TEST_F(RingtonePreviewTest, ThePlayersStatesFollowTheButtons) {
   host.RequestEnd();
   EXPECT_EQ(player.Taken(), "stop close");
   EXPECT_EQ(Temp("temp.mid"), "(none)");
+}
+
+TEST_F(RingtonePreviewTest, EachTuneTakesThePlaceOfTheOneBeforeWhateverItsName) {
+  for (const char16_t* name : {u"Ode", u"temp", u"bell"}) {
+    Choose(list_, name);
+    Press(session.cmdPlay);
+    Tick(session.Timer1);
+    const std::string tune = "MThd " + (name == Text(u"Ode") ? "ode" : ToUtf8(name));
+    EXPECT_EQ(player.opened, tune);
+    EXPECT_EQ(Temp("temp.mid"), tune);
+  }
+  EXPECT_EQ(Temp("Ode.mid") + Temp("bell"), "(none)(none)");
 }
 
 TEST_F(RingtonePreviewTest, ATuneThatDoesNotComeIsSilentAndOneThatCannotBePlayedIsTold) {
@@ -202,16 +215,31 @@ TEST_F(PicturePreviewTest, HandsThePictureToTheEditor) {
   Edit();
   EXPECT_EQ(starter.started.size(), 2u) << "a picture that is shown is handed over at once";
   EXPECT_EQ(folder.Read("app/Temp/dusk.bmp"), "bmp bytes");
+  folder.Write("app/Temp/Rings.GIF", "what the user made of it");
   Choose(list_, u"Rings", ListAct::RightButton);
   Edit();
   Tick1();
-  EXPECT_EQ(folder.Read("app/Temp/Rings.GIF"), "gif bytes") << "not the one that was shown before";
+  EXPECT_EQ(folder.Read("app/Temp/Rings.GIF"), "what the user made of it");
+  EXPECT_EQ(starter.argument, (folder.Path() / "app/Temp/Rings (2).GIF").string());
+  EXPECT_EQ(folder.Read("app/Temp/Rings (2).GIF"), "gif bytes")
+      << "not the one that was shown before";
   settings.With(
       [](phonesim::Behaviour& b) { b.refusedOperations[phonesim::ObexOperation::Get] = {}; });
   Choose(list_, u"dusk", ListAct::RightButton);
   Edit();
   Tick1();
   EXPECT_EQ(starter.started.size(), 3u) << "nothing came that could be edited";
+  settings.With([](phonesim::Behaviour& b) { b.refusedOperations.clear(); });
+
+  PutOnPhone("Phone/Other/dusk.bmp", "other bytes");
+  Choose(list_, u"dusk");
+  Tick1();
+  Enter(session.tvwPhoneLogo, u"Phone");
+  Enter(session.tvwPhoneLogo, u"Phone\\Other");
+  Choose(list_, u"dusk", ListAct::RightButton);
+  Edit();
+  Tick1();
+  EXPECT_EQ(folder.Read("app/Temp/dusk (2).bmp"), "other bytes") << "of the same name elsewhere";
 }
 
 }  // namespace

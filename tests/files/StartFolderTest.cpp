@@ -53,6 +53,36 @@ TEST_F(StartFolderTest, EachPageFindsTheFolderItStartsIn) {
   EXPECT_TRUE(host.boxes.empty());
 }
 
+// The whole path counts, and the first folder that fits, wherever it lies.
+TEST_F(StartFolderTest, TheFirstPathThatHoldsTheWordIsTheOne) {
+  PutOnPhone("Phone/A/My cameras/one.3gp", "3gp");
+  OpenAndSearch("Movie", session.TimerMovie);
+  EXPECT_EQ(session.tvwPhoneMovie.SelectedKey(), u"Phone\\A\\My cameras");
+  std::filesystem::rename(folder.Path() / "phone/Phone/A", folder.Path() / "phone/Phone/CAMERA");
+  OpenAndSearch("Movie", session.TimerMovie);
+  EXPECT_EQ(session.tvwPhoneMovie.SelectedKey(), u"Phone\\CAMERA");
+}
+
+// Behind the click on an arrow, a page is opened that has nothing to read.
+TEST_F(StartFolderTest, ATemplateIsNotSentOnceMore) {
+  PutOnComputer("MMS/hello.tpl", "hello");
+  PutOnComputer("Ringtone/song.mid", "MThd song");
+  Open("MMS");
+  Choose(session.lvwPCMMS, u"hello.tpl");
+  Press(session.icoUpload1);
+  Tick(session.Timer1);
+  EXPECT_EQ(Boxes(), std::vector<Text>{Prompt(text::prompt::kFileSent)});
+  OpenAndSearch("Ringtone", session.timerRingtone);
+  Choose(session.lvwPCRingtone, u"song.mid");
+  Press(session.icoUpload2);
+  EXPECT_FALSE(session.tvwPCRingtone.enabled) << "where the files are, and go, stays until then";
+  Open("MMS");
+  EXPECT_EQ(Boxes(), std::vector<Text>());
+  OpenAndSearch("Ringtone", session.timerRingtone);
+  EXPECT_TRUE(session.tvwPCRingtone.enabled && session.lvwPCRingtone.enabled);
+  ExpectIdle();
+}
+
 TEST_F(StartFolderTest, TheChoiceOfAStorageSearchesAfterTheReload) {
   OpenAndSearch("Logo", session.TimerPicture);
   ChooseStorage(session.combostore, 1, session.TimerPicture);

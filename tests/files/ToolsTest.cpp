@@ -1,3 +1,5 @@
+#include <cstdlib>
+#include <set>
 #include <thread>
 
 #include "files/frmOverwrite.h"
@@ -65,6 +67,7 @@ TEST(ProcessStarter, FindsAToolByEitherNameInOrder) {
        "ELF no program");
   std::filesystem::create_directories(folder.Path() / "first/Tool");  // a folder is no tool
   folder.Write("first/Other", "no rights to run this");
+  ::setenv("PATH", (std::string(::getenv("PATH")) + ":/bin:/bin").c_str(), 1);
   ProcessStarter starter({folder.Path() / "first", folder.Path() / "second"});
 
   for (const auto& [asked, found] :
@@ -83,6 +86,8 @@ TEST(ProcessStarter, FindsAToolByEitherNameInOrder) {
   EXPECT_EQ(missing.result, ToolStart::Result::Missing);
   ASSERT_GT(missing.places.size(), 2u) << "the folders of the path count as well";
   EXPECT_EQ(missing.places[1], folder.Path() / "second");
+  EXPECT_EQ(std::set(missing.places.begin(), missing.places.end()).size(), missing.places.size())
+      << "each is told once";
 }
 
 TEST_F(ToolsTest, TheAnswerBeforeAContactIsReplaced) {

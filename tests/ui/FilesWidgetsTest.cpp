@@ -149,6 +149,8 @@ TEST_F(FilesWidgetsTest, ALongNameLosesItsMiddle) {
   EXPECT_TRUE(label->text().endsWith(QStringLiteral(".mid")));
   EXPECT_EQ(label->toolTip(), ToQt(panes_.name.text));
   EXPECT_EQ(label->accessibleName(), ToQt(panes_.name.text));
+  panes_.name.text = u"Receiving: <b>bold</b>.mid";
+  EXPECT_TRUE(label->toolTip().contains(QStringLiteral("&lt;b&gt;"))) << "a name is no HTML";
 }
 
 }  // namespace

@@ -1,12 +1,14 @@
 #include "ui/qt/ElidedLabel.h"
 
+#include "ui/qt/ToolTips.h"
+
 namespace tessarin {
 
 void ElidedLabel::SetWords(const QString& words) {
   words_ = words;
   setTextFormat(Qt::PlainText);
   setAccessibleName(words_);
-  setToolTip(words_);
+  setToolTip(PlainTip(words_));
   Elide();
 }
 

@@ -7,6 +7,7 @@
 
 #include "ui/qt/Convert.h"
 #include "ui/qt/Icons.h"
+#include "ui/qt/ToolTips.h"
 
 namespace tessarin {
 
@@ -86,7 +87,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
       return cell.image.empty() ? QVariant() : QVariant(Icon(cell.image));
     case Qt::ToolTipRole:
-      return ToQt(cell.description.empty() ? cell.text : cell.description);
+      return PlainTip(cell.description.empty() ? cell.text : cell.description);
     case kBadge:
       return ToQt(cell.badge);
     case kFramed:

@@ -1,10 +1,10 @@
 #include "ui/qt/Models.h"
 
 #include <QFont>
-#include <QTextDocument>
 
 #include "ui/qt/Convert.h"
 #include "ui/qt/Icons.h"
+#include "ui/qt/ToolTips.h"
 
 namespace tessarin {
 
@@ -19,12 +19,6 @@ QVariant BoldFont(bool bold) {
 
 QVariant Alignment(const ListColumn& column) {
   return static_cast<int>(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
-}
-
-// A tip would show names that look like HTML as such, pictures they name included.
-QString ToolTip(const Text& text) {
-  const QString tip = ToQt(text);
-  return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
 }
 
 }  // namespace
@@ -56,7 +50,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       // A row is one line high.
       return ToQt(list_.Cell(index.row(), index.column())).replace(u'\n', u' ');
     case Qt::ToolTipRole:
-      return ToolTip(row.toolTip.empty() ? list_.Cell(index.row(), index.column()) : row.toolTip);
+      return PlainTip(row.toolTip.empty() ? list_.Cell(index.row(), index.column()) : row.toolTip);
     case Qt::DecorationRole:
       return index.column() == 0 ? QVariant(Icon(row.image)) : QVariant();
     case Qt::FontRole:
@@ -120,7 +114,7 @@ bool TreeModel::hasChildren(const QModelIndex& parent) const {
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
   const TreeNode& node = Node(index);
-  if (role == Qt::ToolTipRole) return ToolTip(node.text);
+  if (role == Qt::ToolTipRole) return PlainTip(node.text);
   if (role == Qt::DisplayRole) return ToQt(node.text);
   if (role != Qt::DecorationRole) return {};
   return Icon(node.key == tree_.SelectedKey() ? node.selectedImage : node.image);
