@@ -38,6 +38,8 @@ bool Decodes(TextView text, std::vector<CalendarRecord>& records) {
 // Escapes, line ends and shifts of UTF-7 need not come back.
 bool IsPlain(const Text& text) { return text.find_first_of(u"=+\r\n") == Text::npos; }
 
+bool IsWide(char16_t unit) { return unit > 0xFF; }
+
 void CheckWayBack(CalendarRecord record) {
   const CalendarRecord before = record;
   std::string hex;
@@ -46,7 +48,9 @@ void CheckWayBack(CalendarRecord record) {
   } catch (const ConversionError&) {
     return;
   }
-  if (!IsPlain(before.Category.Trimmed())) return;
+  // The category goes out as two digits a unit, whatever its width: a wide one shifts what follows.
+  const Text category = before.Category.Trimmed();
+  if (!IsPlain(category) || std::ranges::any_of(category, IsWide)) return;
   if (!IsPlain(before.Summary.Trimmed()) || !IsPlain(before.Location.Trimmed())) return;
   const Bytes bytes = modHexStr::HexToBytes(hex);
   const Text object = modHexStr::BytesToStr(bytes, kUtf7);
