@@ -11,11 +11,17 @@ namespace {
 
 using P = ContactProperty;
 
-constexpr std::size_t kFamily = 0, kGiven = 1;  // components of N
-constexpr std::size_t kFirstPart = 2;           // of ADR: street, city, state, code, country
+constexpr P kEmails[] = {P::Email1Address, P::Email2Address, P::Email3Address};
+constexpr std::size_t kFirstPart = 2;  // of ADR: street, city, state, code, country
 
 Text Component(const std::vector<std::string>& components, std::size_t number) {
   return number < components.size() ? InOneLine(UnescapeText(components[number])) : Text();
+}
+
+// A structured value; empty when all its components are.
+std::string Structured(const std::vector<std::string>& components) {
+  const std::string value = JoinValue(components, ';');
+  return value.find_first_not_of(';') == std::string::npos ? "" : value;
 }
 
 }  // namespace
@@ -28,39 +34,45 @@ std::optional<Card> Card::Read(std::string_view bytes) {
   if (std::count_if(blocks.begin(), blocks.end(), outer) != 1) return std::nullopt;
   for (const std::size_t own : lines->OwnLines(blocks[0])) {
     const ContentLine& line = lines->lines()[own];
-    if (line.name == "VERSION" && line.value() != "3.0" && line.value() != "4.0") {
-      return std::nullopt;
-    }
+    const std::string_view version = TrimEnd(line.value());
+    if (line.name == "VERSION" && version != "3.0" && version != "4.0") return std::nullopt;
   }
   Card card(std::move(*lines));
   card.Survey();
   return card;
 }
 
+// Every card has to have a name, also one that says nothing.
 Card Card::New(const std::string& uid) {
   return *Read("BEGIN:VCARD\r\nVERSION:3.0\r\nPRODID:-//Tessarin//EN\r\nUID:" + uid +
-               "\r\nEND:VCARD\r\n");
+               "\r\nFN:\r\nN:;;;;\r\nEND:VCARD\r\n");
 }
 
 Text& Card::TextOf(P property) { return texts_[static_cast<std::size_t>(property)]; }
 
 void Card::Survey() {
   isGroup_ = false;
-  uid_ = firstName_ = lastName_ = u"";
+  uid_ = u"";
   texts_ = {};
+  names_ = {};
   owned_.clear();
+  doubled_.clear();
   nameLine_.reset();
   emailLines_.clear();
-  for (const std::size_t line : lines_.OwnLines(lines_.blocks()[0])) Note(line);
+  auto lines = lines_.OwnLines(lines_.blocks()[0]);
+  std::stable_partition(lines.begin(), lines.end(),
+                        [this](std::size_t line) { return IsPreferred(lines_.lines()[line]); });
+  for (const std::size_t line : lines) Note(line);
   NoteName();
-  constexpr P kEmails[] = {P::Email1Address, P::Email2Address, P::Email3Address};
-  for (std::size_t i = 0; i < emailLines_.size() && i < std::size(kEmails); ++i) {
-    TextOf(kEmails[i]) = InOneLine(UnescapeText(lines_.lines()[emailLines_[i]].value()));
-  }
+  NoteEmails();
 }
 
 void Card::Own(P property, std::size_t line, Text value) {
-  if (owned_.emplace(property, line).second) TextOf(property) = std::move(value);
+  if (owned_.emplace(property, line).second) {
+    TextOf(property) = std::move(value);
+  } else {
+    doubled_.insert(property);
+  }
 }
 
 void Card::Note(std::size_t number) {
@@ -99,15 +111,27 @@ void Card::NoteAddress(std::size_t number) {
 void Card::NoteName() {
   if (!nameLine_) return;
   const auto components = SplitValue(lines_.lines()[*nameLine_].value(), ';');
-  lastName_ = Component(components, kFamily);
-  firstName_ = Component(components, kGiven);
+  for (std::size_t i = 0; i < names_.size(); ++i) names_[i] = Component(components, i);
   Text& full = TextOf(P::FullName);
-  if (full.empty()) full = TrimBlanks(firstName_ + u" " + lastName_);
+  if (full.empty()) full = TrimBlanks(firstName() + u" " + lastName());
+}
+
+// They have places in the order of their lines, a preferred one too.
+void Card::NoteEmails() {
+  std::sort(emailLines_.begin(), emailLines_.end());
+  const std::size_t places = std::min(emailLines_.size(), std::size(kEmails));
+  for (std::size_t i = 0; i < places; ++i) TextOf(kEmails[i]) = EmailIn(emailLines_[i]);
+}
+
+Text Card::EmailIn(std::size_t line) const {
+  return InOneLine(UnescapeText(lines_.lines()[line].value()));
 }
 
 void Card::Apply(const ContactChanges& changes) {
   ContactTexts wanted = texts_;
-  for (const auto& [property, text] : changes) wanted[static_cast<std::size_t>(property)] = text;
+  for (const auto& [property, text] : changes) {
+    wanted[static_cast<std::size_t>(property)] = UnescapeText(EscapeText(InOneLine(text)));
+  }
   const auto text = [&wanted](P property) -> const Text& {
     return wanted[static_cast<std::size_t>(property)];
   };
@@ -116,8 +140,7 @@ void Card::Apply(const ContactChanges& changes) {
   for (const P number : kNumberKinds) {
     if (differs(number)) SetNumber(number, text(number));
   }
-  const P emails[] = {P::Email1Address, P::Email2Address, P::Email3Address};
-  if (std::any_of(std::begin(emails), std::end(emails), differs)) SetEmails(wanted);
+  if (std::any_of(std::begin(kEmails), std::end(kEmails), differs)) SetEmails(wanted);
   if (differs(P::CompanyName)) SetCompany(text(P::CompanyName));
   SetAddresses(wanted);
   if (differs(P::WebPage)) SetWebPage(text(P::WebPage));
@@ -128,40 +151,73 @@ void Card::Add(const std::string& text, std::optional<std::size_t> after) {
   Survey();
 }
 
-// The last word is the family name. Both lines have to be there, also when they say nothing.
+// "item1.X-ABLabel" goes with the only line of its group.
+void Card::Erase(std::vector<std::size_t> lines) {
+  const std::size_t count = lines.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto labels = LabelsOf(lines[i]);
+    lines.insert(lines.end(), labels.begin(), labels.end());
+  }
+  lines_.Erase(std::move(lines));
+  Survey();
+}
+
+std::vector<std::size_t> Card::LabelsOf(std::size_t line) const {
+  const std::string group = lines_.lines()[line].group();
+  std::vector<std::size_t> labels;
+  if (group.empty()) return labels;
+  for (const std::size_t other : lines_.OwnLines(lines_.blocks()[0])) {
+    if (other == line || lines_.lines()[other].group() != group) continue;
+    if (!lines_.lines()[other].name.starts_with("X-AB")) return {};
+    labels.push_back(other);
+  }
+  return labels;
+}
+
+// A line that says nothing goes, unless another of its kind would then stand for the property.
+void Card::Write(P property, const std::string& head, const std::string& value) {
+  const auto line = owned_.find(property);
+  if (line == owned_.end()) {
+    Add(head + ":" + value);
+  } else if (value.empty() && doubled_.count(property) == 0) {
+    Erase({line->second});
+  } else {
+    lines_.SetValue(line->second, value);
+    Survey();
+  }
+}
+
+std::string_view Card::ValueOf(P property) const {
+  const auto line = owned_.find(property);
+  return line == owned_.end() ? std::string_view() : lines_.lines()[line->second].value();
+}
+
 void Card::SetFullName(const Text& name) {
-  const std::string full = EscapeText(name);
+  const NameParts parts = PartsOf(name, names_);
+  std::vector<std::string> components;
+  if (nameLine_) components = SplitValue(lines_.lines()[*nameLine_].value(), ';');
+  components.resize(std::max(components.size(), parts.size()));
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (parts[i] != names_[i]) components[i] = EscapeText(parts[i]);
+  }
   const auto line = owned_.find(P::FullName);
   if (line != owned_.end()) {
-    lines_.SetValue(line->second, full);
+    lines_.SetValue(line->second, EscapeText(name));
   } else {
-    Add("FN:" + full);
+    Add("FN:" + EscapeText(name));
   }
-  const std::size_t blank = name.find_last_of(u' ');
-  const bool hasFamily = blank != Text::npos;
-  const Text given = hasFamily ? TrimBlanks(TextView(name).substr(0, blank)) : name;
-  const Text family = hasFamily ? name.substr(blank + 1) : Text();
-  const std::string value = EscapeText(family) + ";" + EscapeText(given) + ";;;";
-  if (nameLine_) {
-    lines_.SetValue(*nameLine_, value);
-  } else {
-    Add("N:" + value);
+  if (!nameLine_) {
+    Add("N:" + JoinValue(components, ';'));
+  } else if (parts != names_) {
+    lines_.SetValue(*nameLine_, JoinValue(components, ';'));
   }
   Survey();
 }
 
 void Card::SetNumber(P property, const Text& number) {
-  const auto line = owned_.find(property);
-  if (line == owned_.end()) {
-    Add(NumberHead(property) + (":" + EscapeText(number)));
-  } else if (number.empty()) {
-    lines_.Erase({line->second});
-  } else {
-    const auto value = lines_.lines()[line->second].value();
-    const bool scheme = WithoutTelScheme(value).size() != value.size();
-    lines_.SetValue(line->second, (scheme ? "tel:" : "") + EscapeText(number));
-  }
-  Survey();
+  const std::string value = EscapeText(number);
+  const bool scheme = HasTelScheme(ValueOf(property)) || HasTelScheme(value);
+  Write(property, NumberHead(property), scheme && !value.empty() ? "tel:" + value : value);
 }
 
 void Card::SetAddresses(const ContactTexts& wanted) {
@@ -170,10 +226,7 @@ void Card::SetAddresses(const ContactTexts& wanted) {
 }
 
 void Card::SetAddress(P street, const char* head, const ContactTexts& wanted) {
-  const auto line = owned_.find(street);
-  const bool exists = line != owned_.end();
-  std::vector<std::string> components;
-  if (exists) components = SplitValue(lines_.lines()[line->second].value(), ';');
+  std::vector<std::string> components = SplitValue(ValueOf(street), ';');
   components.resize(std::max(components.size(), kFirstPart + kAddressParts));
   bool changed = false;
   for (int part = 0; part < kAddressParts; ++part) {
@@ -183,86 +236,71 @@ void Card::SetAddress(P street, const char* head, const ContactTexts& wanted) {
     components[kFirstPart + static_cast<std::size_t>(part)] = EscapeText(text);
     changed = true;
   }
-  if (!changed) return;
-  const auto empty = [](const std::string& component) { return component.empty(); };
-  const std::string value = JoinValue(components, ';');
-  if (!exists) {
-    Add(head + (":" + value));
-  } else if (std::all_of(components.begin(), components.end(), empty)) {
-    lines_.Erase({line->second});
-  } else {
-    lines_.SetValue(line->second, value);
-  }
+  if (changed) Write(street, head, Structured(components));
+}
+
+// A line keeps its address as long as that is wanted, and all that is the line's goes along to its
+// new place; an address that is new takes the line of one that is not wanted any more. Lines that
+// are left over go, unless a fourth address would then stand for a property. An empty place before
+// a later address closes up.
+void Card::SetEmails(const ContactTexts& wanted) {
+  const std::size_t places = std::min(emailLines_.size(), std::size(kEmails));
+  const bool hasFurther = emailLines_.size() > places;
+  std::vector<std::size_t> left(emailLines_.begin(),
+                                emailLines_.begin() + static_cast<std::ptrdiff_t>(places));
+  std::vector<std::size_t> lines = TakeEmailLines(wanted, left);
+  const std::size_t count = lines.size();
+  lines.insert(lines.end(), left.begin(), left.end());
+  lines_.Reorder(lines);
+  std::sort(lines.begin(), lines.end());
+  lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count));
+  if (!hasFurther) return Erase(lines);
+  for (const std::size_t line : lines) lines_.SetValue(line, "");
   Survey();
 }
 
-// A card holds its addresses as a list, so an empty place before a later address closes up. Lines
-// whose address stays keep all that is theirs.
-void Card::SetEmails(const ContactTexts& wanted) {
-  std::vector<Text> addresses, present;
-  for (const P place : {P::Email1Address, P::Email2Address, P::Email3Address}) {
+// The lines of the wanted addresses in their order, out of `left` or new ones.
+std::vector<std::size_t> Card::TakeEmailLines(const ContactTexts& wanted,
+                                              std::vector<std::size_t>& left) {
+  std::vector<std::optional<std::size_t>> taken;
+  std::vector<Text> addresses;
+  for (const P place : kEmails) {
     const Text& address = wanted[static_cast<std::size_t>(place)];
-    if (!address.empty()) addresses.push_back(address);
-    if (present.size() < emailLines_.size()) present.push_back(TextOf(place));
+    if (address.empty()) continue;
+    const auto same = std::find_if(left.begin(), left.end(),
+                                   [&](std::size_t line) { return EmailIn(line) == address; });
+    addresses.push_back(address);
+    taken.push_back(same == left.end() ? std::nullopt : std::optional(*same));
+    if (same != left.end()) left.erase(same);
   }
-  if (addresses == present) return;
-  const std::vector<std::size_t> lines(emailLines_);
-  std::vector<std::size_t> gone = NotInOrder(present, addresses);
-  if (gone.size() + addresses.size() == present.size()) {
-    for (std::size_t& line : gone) line = lines[line];
-    lines_.Erase(gone);
-    Survey();
-    return;
+  std::vector<std::size_t> lines;
+  for (std::size_t i = 0; i < addresses.size(); ++i) {
+    lines.push_back(taken[i] ? *taken[i] : EmailLineFor(addresses[i], left));
   }
-  gone.clear();
-  for (std::size_t i = 0; i < present.size(); ++i) {
-    if (i >= addresses.size()) gone.push_back(lines[i]);
-    if (i < addresses.size() && addresses[i] != present[i]) {
-      lines_.SetValue(lines[i], EscapeText(addresses[i]));
-    }
+  return lines;
+}
+
+std::size_t Card::EmailLineFor(const Text& address, std::vector<std::size_t>& left) {
+  if (left.empty()) {
+    const std::string text = "EMAIL;TYPE=INTERNET:" + EscapeText(address);
+    Add(text, emailLines_.empty() ? std::nullopt : std::optional(emailLines_.back()));
+    return emailLines_.back();
   }
-  lines_.Erase(gone);
-  Survey();
-  for (std::size_t i = present.size(); i < addresses.size(); ++i) {
-    const std::string text = "EMAIL;TYPE=INTERNET:" + EscapeText(addresses[i]);
-    if (emailLines_.empty()) {
-      Add(text);
-    } else {
-      Add(text, emailLines_.back());
-    }
-  }
+  const std::size_t line = left.front();
+  left.erase(left.begin());
+  lines_.SetValue(line, EscapeText(address));
+  return line;
 }
 
 void Card::SetCompany(const Text& company) {
-  const auto line = owned_.find(P::CompanyName);
-  if (line == owned_.end()) {
-    Add("ORG:" + EscapeText(company));
-    return;
-  }
-  auto components = SplitValue(lines_.lines()[line->second].value(), ';');
+  auto components = SplitValue(ValueOf(P::CompanyName), ';');
   components[0] = EscapeText(company);
-  const std::string value = JoinValue(components, ';');
-  if (value.find_first_not_of(';') == std::string::npos) {
-    lines_.Erase({line->second});
-  } else {
-    lines_.SetValue(line->second, value);
-  }
-  Survey();
+  Write(P::CompanyName, "ORG", Structured(components));
 }
 
 // An address of the web is no text: its commas and semicolons stand as they are.
 void Card::SetWebPage(const Text& page) {
-  const Text shown = UnescapeText(EscapeText(InOneLine(page)));
-  const std::string value = ToUtf8(Replace(shown, u"\\", u"\\\\"));
-  const auto line = owned_.find(P::WebPage);
-  if (line == owned_.end()) {
-    Add("URL:" + value);
-  } else if (value.empty()) {
-    lines_.Erase({line->second});
-  } else {
-    lines_.SetValue(line->second, value);
-  }
-  Survey();
+  Write(P::WebPage, "URL", ToUtf8(Replace(page, u"\\", u"\\\\")));
 }
 
 }  // namespace tessarin::outlook

@@ -20,6 +20,10 @@ bool Has(const std::vector<std::string>& types, std::string_view type) {
 
 }  // namespace
 
+bool IsPreferred(const ContentLine& line) {
+  return Has(ParameterValues(line, "TYPE"), "PREF") || ParameterText(line, "PREF") == "1";
+}
+
 std::optional<P> NumberKind(const ContentLine& line) {
   const auto types = ParameterValues(line, "TYPE");
   const bool home = Has(types, "HOME");
@@ -51,11 +55,12 @@ std::string NumberHead(P property) {
   }
 }
 
+bool HasTelScheme(std::string_view value) {
+  return UpperAscii(value.substr(0, kTelScheme.size())) == kTelScheme;
+}
+
 std::string_view WithoutTelScheme(std::string_view value) {
-  if (UpperAscii(value.substr(0, kTelScheme.size())) == kTelScheme) {
-    value.remove_prefix(kTelScheme.size());
-  }
-  return value;
+  return HasTelScheme(value) ? value.substr(kTelScheme.size()) : value;
 }
 
 std::optional<P> AddressKind(const ContentLine& line) {
@@ -66,18 +71,5 @@ std::optional<P> AddressKind(const ContentLine& line) {
 }
 
 P AddressPart(P street, int part) { return static_cast<P>(static_cast<int>(street) + part); }
-
-std::vector<std::size_t> NotInOrder(const std::vector<Text>& all, const std::vector<Text>& some) {
-  std::vector<std::size_t> leftOut;
-  std::size_t next = 0;
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    if (next < some.size() && all[i] == some[next]) {
-      ++next;
-    } else {
-      leftOut.push_back(i);
-    }
-  }
-  return leftOut;
-}
 
 }  // namespace tessarin::outlook

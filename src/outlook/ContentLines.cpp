@@ -101,6 +101,16 @@ bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0
 
 }  // namespace
 
+std::string ContentLine::group() const {
+  const std::string_view before = head().substr(0, head().find(';'));
+  const std::size_t point = before.rfind('.');
+  return point == std::string_view::npos ? "" : UpperAscii(before.substr(0, point));
+}
+
+std::string_view TrimEnd(std::string_view value) {
+  return value.substr(0, value.find_last_not_of(" \t") + 1);
+}
+
 std::string UpperAscii(std::string_view text) {
   std::string upper(text);
   for (char& letter : upper) {
@@ -138,14 +148,15 @@ bool ContentLines::FindBlocks() {
     const ContentLine& line = lines_[i];
     if (line.name == "BEGIN") {
       open.push_back(blocks_.size());
-      blocks_.push_back({UpperAscii(line.value()), i, i, static_cast<int>(open.size()) - 1});
+      blocks_.push_back(
+          {UpperAscii(TrimEnd(line.value())), i, i, static_cast<int>(open.size()) - 1});
       continue;
     }
     if (line.name.empty()) continue;
     if (open.empty()) return false;
     if (line.name != "END") continue;
     ContentBlock& block = blocks_[open.back()];
-    if (block.name != UpperAscii(line.value())) return false;
+    if (block.name != UpperAscii(TrimEnd(line.value()))) return false;
     block.end = i;
     open.pop_back();
   }
@@ -183,6 +194,7 @@ void ContentLines::SetValue(std::size_t line, std::string_view value) {
 }
 
 void ContentLines::SetText(std::size_t line, std::string_view text) {
+  if (lines_[line].text == text) return;
   lines_[line].text = text;
   lines_[line].raw = Raw(text);
   Analyse(lines_[line]);
@@ -197,6 +209,14 @@ void ContentLines::Insert(std::size_t before, const std::vector<std::string>& te
   }
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(before), made.begin(), made.end());
   FindBlocks();
+}
+
+void ContentLines::Reorder(const std::vector<std::size_t>& lines) {
+  std::vector<ContentLine> ordered;
+  for (const std::size_t line : lines) ordered.push_back(lines_[line]);
+  std::vector<std::size_t> places(lines);
+  std::sort(places.begin(), places.end());
+  for (std::size_t i = 0; i < places.size(); ++i) lines_[places[i]] = std::move(ordered[i]);
 }
 
 void ContentLines::Erase(std::vector<std::size_t> lines) {

@@ -27,6 +27,8 @@ struct ContentLine {
   }
   // Name, group and parameters, before the colon.
   std::string_view head() const { return std::string_view(text).substr(0, colon); }
+  // Upper-case; empty for a line without.
+  std::string group() const;
 };
 
 // A component: the lines from BEGIN to END, both included.
@@ -54,10 +56,12 @@ class ContentLines {
 
   // Writes one line anew with another value; group, name and parameters stay byte for byte.
   void SetValue(std::size_t line, std::string_view value);
-  // Writes one line anew.
+  // Writes one line anew, unless it says that already.
   void SetText(std::size_t line, std::string_view text);
   // Puts new lines before the given one.
   void Insert(std::size_t before, const std::vector<std::string>& texts);
+  // Puts these lines into this order, at the places that they have together.
+  void Reorder(const std::vector<std::size_t>& lines);
   // Removes lines; the numbers may stand in any order.
   void Erase(std::vector<std::size_t> lines);
 
@@ -82,6 +86,8 @@ std::string HeadWithout(const ContentLine& line, std::string_view name);
 // The values of all lines of that name, in bytes that need be no whole object.
 std::vector<std::string> ValuesIn(std::string_view bytes, std::string_view name);
 
+// Without the blanks and tabs at its end, which some programs leave behind.
+std::string_view TrimEnd(std::string_view value);
 std::string UpperAscii(std::string_view text);
 
 }  // namespace tessarin::outlook

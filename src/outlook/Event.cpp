@@ -19,19 +19,11 @@ bool IsMidnight(DateValue value) {
   return parts.hour == 0 && parts.minute == 0 && parts.second == 0;
 }
 
-DateValue DaysOf(long long seconds) { return static_cast<double>(seconds) / kSecondsADay; }
-
-bool IsInYears(DateValue value) {
-  try {
-    modDate::Unpack(value);
-    return true;
-  } catch (const ConversionError&) {
-    return false;
-  }
-}
-
-std::string TriggerText(long long minutes) {
-  return (minutes < 0 ? "PT" : "-PT") + std::to_string(std::abs(minutes)) + "M";
+// A trigger counts exact time, the reminder's minutes go by the clock on the wall.
+std::string TriggerText(DateValue start, long long minutes) {
+  const DateValue alarm = start - modDate::MinutesToDays(minutes);
+  const long long exact = IsInYears(alarm) ? SecondsBetween(alarm, start) / 60 : minutes;
+  return (exact < 0 ? "PT" : "-PT") + std::to_string(std::abs(exact)) + "M";
 }
 
 }  // namespace
@@ -57,42 +49,31 @@ Event Event::New(const std::string& uid, DateValue now) {
       "\r\nDTEND:" + WriteUtcTime(start + 1.0 / 48) + "\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
 }
 
-std::optional<std::size_t> Event::Find(std::string_view name) const {
+std::vector<std::size_t> Event::FindAll(std::string_view name) const {
+  std::vector<std::size_t> found;
   for (const std::size_t line : lines_.OwnLines(lines_.blocks()[*event_])) {
-    if (lines_.lines()[line].name == name) return line;
+    if (lines_.lines()[line].name == name) found.push_back(line);
   }
-  return std::nullopt;
+  return found;
+}
+
+std::optional<std::size_t> Event::Find(std::string_view name) const {
+  const auto found = FindAll(name);
+  return found.empty() ? std::nullopt : std::optional(found.front());
+}
+
+Text Event::TextIn(std::string_view name) const {
+  const auto line = Find(name);
+  return line ? UnescapeText(lines_.lines()[*line].value()) : Text();
 }
 
 bool Event::Survey() {
-  const auto& blocks = lines_.blocks();
-  event_.reset();
-  bool isException = true;
-  for (std::size_t i = 0; i < blocks.size(); ++i) {
-    if (blocks[i].name != "VEVENT" || blocks[i].depth != 1) continue;
-    const auto before = event_;
-    event_ = i;
-    const auto uidLine = Find("UID");
-    const Text uid = uidLine ? TrimBlanks(UnescapeText(lines_.lines()[*uidLine].value())) : Text();
-    const bool exception = Find("RECURRENCE-ID").has_value();
-    if (before && uid != uid_) return false;
-    uid_ = uid;
-    if (before && (!isException || exception)) {
-      event_ = before;
-    } else {
-      isException = exception;
-    }
-  }
+  if (!FindEvent()) return false;
   if (!event_) return true;
-  const auto text = [this](std::string_view name) {
-    const auto line = Find(name);
-    return line ? UnescapeText(lines_.lines()[*line].value()) : Text();
-  };
   fields_ = {};
-  fields_.Subject = text("SUMMARY");
-  fields_.Location = text("LOCATION");
-  for (const std::size_t line : lines_.OwnLines(blocks[*event_])) {
-    if (lines_.lines()[line].name != "CATEGORIES") continue;
+  fields_.Subject = TextIn("SUMMARY");
+  fields_.Location = TextIn("LOCATION");
+  for (const std::size_t line : FindAll("CATEGORIES")) {
     for (const auto& category : SplitValue(lines_.lines()[line].value(), ',')) {
       if (!fields_.Categories.empty()) fields_.Categories += u", ";
       fields_.Categories += TrimBlanks(UnescapeText(category));
@@ -100,6 +81,28 @@ bool Event::Survey() {
   }
   if (!SurveyTimes()) return false;
   SurveyReminder();
+  return true;
+}
+
+// All events of an object are one: at most one that recurs or stands alone, and occurrences of it,
+// which its UID ties to it.
+bool Event::FindEvent() {
+  const auto& blocks = lines_.blocks();
+  event_.reset();
+  std::optional<std::size_t> single, exception;
+  std::optional<Text> uid;
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    if (blocks[i].name != "VEVENT" || blocks[i].depth != 1) continue;
+    event_ = i;
+    const Text own = TrimBlanks(TextIn("UID"));
+    auto& found = Find("RECURRENCE-ID") ? exception : single;
+    if (uid && (own.empty() || own != *uid)) return false;
+    if (single && &found == &single) return false;
+    if (!found) found = i;
+    uid = own;
+  }
+  event_ = single ? single : exception;
+  uid_ = uid.value_or(Text());
   return true;
 }
 
@@ -117,8 +120,9 @@ bool Event::SurveyTimes() {
     fields_.End = end->value;
   } else if (const auto durationLine = Find("DURATION")) {
     const auto duration = ReadDuration(lines_.lines()[*durationLine].value());
-    if (!duration) return false;
-    fields_.End = start->value + DaysOf(*duration);
+    const auto end = duration ? After(start->value, *duration) : std::nullopt;
+    if (!end) return false;
+    fields_.End = *end;
   }
   return IsInYears(fields_.Start) && IsInYears(fields_.End);
 }
@@ -135,41 +139,41 @@ std::vector<const ContentBlock*> Event::Alarms() const {
   return alarms;
 }
 
-std::optional<long long> Event::TriggerOf(const ContentBlock& alarm) const {
-  std::optional<long long> trigger;
+std::optional<DateValue> Event::AlarmTime(const ContentBlock& alarm) const {
+  std::optional<DateValue> time;
   bool isSeen = false;
   for (const std::size_t own : lines_.OwnLines(alarm)) {
     const ContentLine& line = lines_.lines()[own];
     const std::string value = UpperAscii(line.value());
     if (line.name == "ACTION") isSeen = value == "AUDIO" || value == "DISPLAY";
     if (line.name != "TRIGGER") continue;
-    trigger = ReadDuration(value);
-    const auto days = [this](DateValue from) {
-      return std::llround((from - fields_.Start) * kSecondsADay);
-    };
-    if (trigger && UpperAscii(ParameterText(line, "RELATED")) == "END") {
-      *trigger += days(fields_.End);
-    } else if (!trigger) {
-      const auto moment = ReadEventTime(lines_, line);
-      if (moment) trigger = days(moment->value);
+    const bool fromEnd = UpperAscii(ParameterText(line, "RELATED")) == "END";
+    if (const auto duration = ReadDuration(value)) {
+      time = After(fromEnd ? fields_.End : fields_.Start, *duration);
+    } else if (const auto moment = ReadEventTime(lines_, line)) {
+      time = moment->value;
     }
   }
-  return isSeen ? trigger : std::nullopt;
+  return isSeen ? time : std::nullopt;
 }
 
 void Event::SurveyReminder() {
+  alarms_.clear();
   reminders_.clear();
-  std::optional<long long> first;
+  std::optional<DateValue> first;
   for (const ContentBlock* alarm : Alarms()) {
-    const auto trigger = TriggerOf(*alarm);
-    if (!trigger || (first && *trigger != *first)) continue;
-    first = trigger;
-    reminders_.push_back(static_cast<std::size_t>(alarm - lines_.blocks().data()));
+    const auto time = AlarmTime(*alarm);
+    if (!time) continue;
+    if (!first) first = time;
+    alarms_.push_back(static_cast<std::size_t>(alarm - lines_.blocks().data()));
+    if (SameTime(*time, *first)) reminders_.push_back(alarms_.back());
   }
   fields_.ReminderSet = first.has_value();
+  if (!first) return;
   // An alarm is never told later than it is.
+  const auto seconds = std::llround((fields_.Start - *first) * kSecondsADay);
   fields_.ReminderMinutesBeforeStart =
-      first ? static_cast<long long>(std::ceil(static_cast<double>(-*first) / 60)) : 0;
+      static_cast<long long>(std::ceil(static_cast<double>(seconds) / 60));
   const auto alarm = fields_.Start - modDate::MinutesToDays(fields_.ReminderMinutesBeforeStart);
   if (!IsInYears(alarm)) fields_.ReminderSet = false;
 }
@@ -209,7 +213,7 @@ void Event::SetText(const char* name, const Text& text) {
   const auto line = Find(name);
   if (!line) {
     Add({name + (":" + EscapeText(text))});
-  } else if (text.empty()) {
+  } else if (text.empty() && FindAll(name).size() == 1) {
     Erase({*line});
   } else {
     lines_.SetValue(*line, EscapeText(text));
@@ -219,10 +223,7 @@ void Event::SetText(const char* name, const Text& text) {
 
 // All categories go into the first of the lines.
 void Event::SetCategories(const Text& categories) {
-  std::vector<std::size_t> lines;
-  for (const std::size_t line : lines_.OwnLines(lines_.blocks()[*event_])) {
-    if (lines_.lines()[line].name == "CATEGORIES") lines.push_back(line);
-  }
+  std::vector<std::size_t> lines = FindAll("CATEGORIES");
   std::vector<std::string> values;
   for (const Text& category : Split(categories, u",")) {
     if (!TrimBlanks(category).empty()) values.push_back(EscapeText(TrimBlanks(category)));
@@ -265,46 +266,51 @@ void Event::SetTimes(DateValue start, DateValue end) {
   Survey();
 }
 
+// Switched off is every alarm that could be taken for the reminder; moved are only those of its
+// time.
 void Event::SetReminder(bool set, long long minutes, bool playSound) {
-  std::vector<std::size_t> gone, triggers;
+  const std::string trigger = "TRIGGER:" + TriggerText(fields_.Start, minutes);
+  if (!set) return EraseBlocks(alarms_);
+  if (reminders_.empty()) return AddReminder(trigger, playSound);
   for (const std::size_t reminder : reminders_) {
-    const ContentBlock& block = lines_.blocks()[reminder];
-    for (std::size_t line = block.begin; line <= block.end; ++line) gone.push_back(line);
-    for (const std::size_t line : lines_.OwnLines(block)) {
-      if (lines_.lines()[line].name == "TRIGGER") triggers.push_back(line);
+    for (const std::size_t line : lines_.OwnLines(lines_.blocks()[reminder])) {
+      if (lines_.lines()[line].name == "TRIGGER") lines_.SetText(line, trigger);
     }
   }
-  const std::string trigger = "TRIGGER:" + TriggerText(minutes);
-  if (!set) {
-    Erase(gone);
-  } else if (!triggers.empty()) {
-    for (const std::size_t line : triggers) lines_.SetText(line, trigger);
-    Survey();
-  } else {
-    // A reminder is always seen; one that plays a sound is heard as well.
-    std::vector<std::string> texts = {"BEGIN:VALARM", "ACTION:DISPLAY", trigger,
-                                      "DESCRIPTION:" + EscapeText(fields_.Subject), "END:VALARM"};
-    if (playSound) {
-      texts.insert(texts.end(), {"BEGIN:VALARM", "ACTION:AUDIO", trigger, "END:VALARM"});
-    }
-    Add(texts);
-  }
+  Survey();
 }
 
-void Event::ClearRecurrence() {
-  std::vector<std::size_t> gone;
-  for (const std::size_t line : lines_.OwnLines(lines_.blocks()[*event_])) {
-    const std::string& name = lines_.lines()[line].name;
-    if (name == "RRULE" || name == "RDATE" || name == "EXDATE" || name == "EXRULE") {
-      gone.push_back(line);
-    }
+// A reminder is always seen; one that plays a sound is heard as well.
+void Event::AddReminder(const std::string& trigger, bool playSound) {
+  std::vector<std::string> texts = {"BEGIN:VALARM", "ACTION:DISPLAY", trigger,
+                                    "DESCRIPTION:" + EscapeText(fields_.Subject), "END:VALARM"};
+  if (playSound) {
+    texts.insert(texts.end(), {"BEGIN:VALARM", "ACTION:AUDIO", trigger, "END:VALARM"});
   }
-  for (std::size_t i = 0; i < lines_.blocks().size(); ++i) {
-    const ContentBlock& block = lines_.blocks()[i];
-    if (block.name != "VEVENT" || block.depth != 1 || i == *event_) continue;
+  Add(texts);
+}
+
+void Event::EraseBlocks(const std::vector<std::size_t>& blocks) {
+  std::vector<std::size_t> gone;
+  for (const std::size_t number : blocks) {
+    const ContentBlock& block = lines_.blocks()[number];
     for (std::size_t line = block.begin; line <= block.end; ++line) gone.push_back(line);
   }
   Erase(gone);
+}
+
+void Event::ClearRecurrence() {
+  std::vector<std::size_t> gone, occurrences;
+  for (const char* name : {"RRULE", "RDATE", "EXDATE", "EXRULE", "RECURRENCE-ID"}) {
+    const auto lines = FindAll(name);
+    gone.insert(gone.end(), lines.begin(), lines.end());
+  }
+  Erase(gone);
+  for (std::size_t i = 0; i < lines_.blocks().size(); ++i) {
+    const ContentBlock& block = lines_.blocks()[i];
+    if (block.name == "VEVENT" && block.depth == 1 && i != *event_) occurrences.push_back(i);
+  }
+  EraseBlocks(occurrences);
 }
 
 }  // namespace tessarin::outlook

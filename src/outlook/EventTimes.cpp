@@ -4,8 +4,10 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
+#include "codecs/Faults.h"
 #include "outlook/LocalTime.h"
 
 namespace tessarin::outlook {
@@ -17,25 +19,21 @@ struct FreeZone {
 };
 using OwnZone = std::unique_ptr<icaltimezone, FreeZone>;
 
-// The rules of a zone are worked out year by year; a rule that holds more often than that is none.
-bool IsYearly(const ContentLines& document, const ContentBlock& zone) {
-  for (std::size_t i = zone.begin; i < zone.end; ++i) {
-    const ContentLine& line = document.lines()[i];
-    if (line.name != "RRULE") continue;
-    const std::string rule = UpperAscii(line.value());
-    if (rule.find("FREQ=YEARLY") == std::string::npos || rule.find("BYDAY=") == std::string::npos ||
-        rule.find("BYHOUR") != std::string::npos || rule.find("BYMINUTE") != std::string::npos ||
-        rule.find("BYSECOND") != std::string::npos) {
-      return false;
-    }
-  }
-  return true;
+// Whether the changes of a rule can be worked out: at most one a year, on a day that it names. Of
+// an observance with another rule the first change stands.
+bool IsUsable(const ContentLine& line) {
+  if (line.name != "RRULE") return true;
+  const std::string rule = UpperAscii(line.value());
+  const auto has = [&rule](const char* part) { return rule.find(part) != std::string::npos; };
+  return has("FREQ=YEARLY") && (has("BYDAY=") || has("BYMONTHDAY=")) && !has("BYHOUR") &&
+         !has("BYMINUTE") && !has("BYSECOND");
 }
 
 OwnZone ZoneOf(const ContentLines& document, const ContentBlock& block) {
   std::string text;
   for (std::size_t i = block.begin; i <= block.end; ++i) {
-    if (!document.lines()[i].name.empty()) text += document.lines()[i].text + "\r\n";
+    const ContentLine& line = document.lines()[i];
+    if (!line.name.empty() && IsUsable(line)) text += line.text + "\r\n";
   }
   icalcomponent* component = icalparser_parse_string(text.c_str());
   if (component == nullptr) return nullptr;
@@ -49,7 +47,7 @@ OwnZone ZoneOf(const ContentLines& document, const ContentBlock& block) {
 
 OwnZone FindOwnZone(const ContentLines& document, const std::string& name) {
   for (const ContentBlock& block : document.blocks()) {
-    if (block.name != "VTIMEZONE" || !IsYearly(document, block)) continue;
+    if (block.name != "VTIMEZONE") continue;
     for (const std::size_t own : document.OwnLines(block)) {
       const ContentLine& line = document.lines()[own];
       if (line.name == "TZID" && line.value() == name) return ZoneOf(document, block);
@@ -92,7 +90,34 @@ std::optional<DateValue> FromZone(icaltimetype time, const icaltimezone* zone) {
   return ToLocalTime(AsUtc(time) - offset);
 }
 
+// Days, or seconds behind the "T"; 0 for what is no unit there.
+long long UnitSize(char unit, bool inTime) {
+  switch (unit) {
+    case 'W':
+      return inTime ? 0 : 7;
+    case 'D':
+      return inTime ? 0 : 1;
+    case 'H':
+      return inTime ? 3600 : 0;
+    case 'M':
+      return inTime ? 60 : 0;
+    case 'S':
+      return inTime ? 1 : 0;
+    default:
+      return 0;
+  }
+}
+
 }  // namespace
+
+bool IsInYears(DateValue value) {
+  try {
+    modDate::Unpack(value);
+    return true;
+  } catch (const ConversionError&) {
+    return false;
+  }
+}
 
 std::optional<EventTime> ReadEventTime(const ContentLines& document, const ContentLine& line) {
   icalerror_set_errors_are_fatal(0);
@@ -136,12 +161,13 @@ std::string WriteDate(DateValue local) {
   return text.data();
 }
 
-std::optional<long long> ReadDuration(std::string_view text) {
+std::optional<Duration> ReadDuration(std::string_view text) {
   constexpr long long kLongest = 1000LL * 366 * 86400;
-  const bool negative = text.starts_with('-');
-  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  const int sign = text.starts_with('-') ? -1 : 1;
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   if (!text.starts_with('P') || text.size() < 3) return std::nullopt;
-  long long total = 0, number = 0;
+  Duration total;
+  long long number = 0;
   bool digits = false, inTime = false;
   for (const char unit : text.substr(1)) {
     if (unit >= '0' && unit <= '9') {
@@ -154,20 +180,24 @@ std::optional<long long> ReadDuration(std::string_view text) {
       inTime = true;
       continue;
     }
-    const long long seconds = unit == 'W'             ? 7 * 86400
-                              : unit == 'D'           ? 86400
-                              : unit == 'H' && inTime ? 3600
-                              : unit == 'M' && inTime ? 60
-                              : unit == 'S' && inTime ? 1
-                                                      : 0;
-    if (seconds == 0 || !digits || number > kLongest / seconds) return std::nullopt;
-    total += number * seconds;
-    if (total > kLongest) return std::nullopt;
+    const long long size = UnitSize(unit, inTime);
+    if (size == 0 || !digits || number > kLongest / size) return std::nullopt;
+    (inTime ? total.seconds : total.days) += sign * number * size;
+    if (std::abs(total.days) > kLongest / 86400 || std::abs(total.seconds) > kLongest) {
+      return std::nullopt;
+    }
     number = 0;
     digits = false;
   }
-  if (digits) return std::nullopt;
-  return negative ? -total : total;
+  return digits ? std::nullopt : std::optional(total);
 }
+
+std::optional<DateValue> After(DateValue local, const Duration& duration) {
+  const DateValue day = local + static_cast<double>(duration.days);
+  if (!IsInYears(day)) return std::nullopt;
+  return duration.seconds == 0 ? day : ToLocalTime(ToMoment(day) + duration.seconds);
+}
+
+long long SecondsBetween(DateValue from, DateValue to) { return ToMoment(to) - ToMoment(from); }
 
 }  // namespace tessarin::outlook

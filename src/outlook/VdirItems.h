@@ -41,7 +41,11 @@ class VdirAppointment : public VdirItem<AppointmentItem, Event> {
   void SetCategories(const Text& categories) override { fields_.Categories = categories; }
   void SetSubject(const Text& subject) override { fields_.Subject = subject; }
   void SetLocation(const Text& location) override { fields_.Location = location; }
-  void SetStart(DateValue start) override { fields_.Start = start; }
+  // The event moves, and stays as long as it is.
+  void SetStart(DateValue start) override {
+    fields_.End += start - fields_.Start;
+    fields_.Start = start;
+  }
   void SetEnd(DateValue end) override { fields_.End = end; }
   void SetReminderSet(bool set) override { fields_.ReminderSet = set; }
   void SetReminderPlaySound(bool play) override { playSound_ = play; }

@@ -91,6 +91,9 @@ TEST(CardTest, AnEditChangesItsOwnLinesAndNoOtherByte) {
       {{{P::FullName, u"Bo Ek"}},
        "N:Berg;Anna;Maria;Dr.;\r\nFN:Dr. Anna Mar\r\n ia Berg\r\n",
        "N:Ek;Bo;;;\r\nFN:Bo Ek\r\n"},
+      {{{P::FullName, u"Dr. Anna Maria Bergh"}},
+       "N:Berg;Anna;Maria;Dr.;\r\nFN:Dr. Anna Mar\r\n ia Berg\r\n",
+       "N:Bergh;Anna;Maria;Dr.;\r\nFN:Dr. Anna Maria Bergh\r\n"},
       {{{P::CompanyName, u""}}, "ORG:Berg\\, S\xC3\xB6hne;Sales", "ORG:;Sales"},
       {{{P::HomeAddressCity, u"Leeds; North"}}, ";London;", ";Leeds\\; North;"},
       {{{P::BusinessAddressCity, u"Rom"}}, "END:VCARD", "ADR;TYPE=WORK:;;;Rom;;;\r\nEND:VCARD"},
@@ -119,10 +122,99 @@ TEST(CardTest, AnEditChangesItsOwnLinesAndNoOtherByte) {
   }
 }
 
+// What the phone knows of a contact is written over and over, empty fields too.
+TEST(CardTest, AClearedPropertyReadsEmptyAndNoOtherLineTakesItsPlace) {
+  const std::string doubled =
+      "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\nTEL;TYPE=HOME:1\r\nTEL;TYPE=HOME:2\r\n"
+      "TEL;TYPE=CELL:3\r\nTEL;TYPE=CELL,PREF:4\r\n"
+      "ADR;TYPE=WORK:;;Street;;;;\r\nADR;TYPE=WORK:;;Other street;;;;\r\n"
+      "ORG:X\r\nORG:Y\r\nURL:http://x.org\r\nURL:http://y.org\r\n"
+      "EMAIL:a\r\nEMAIL:b\r\nEMAIL:c\r\nEMAIL:d\r\nEND:VCARD\r\n";
+  struct Case {
+    P property;
+    std::string from, to;
+    P empty;
+  };
+  const Case cases[] = {
+      {P::HomeTelephoneNumber, "HOME:1", "HOME:", P::HomeTelephoneNumber},
+      {P::MobileTelephoneNumber, "CELL,PREF:4", "CELL,PREF:", P::MobileTelephoneNumber},
+      {P::BusinessAddressStreet, "ADR;TYPE=WORK:;;Street;;;;",
+       "ADR;TYPE=WORK:", P::BusinessAddressStreet},
+      {P::CompanyName, "ORG:X", "ORG:", P::CompanyName},
+      {P::WebPage, "URL:http://x.org", "URL:", P::WebPage},
+      {P::Email2Address, "EMAIL:b\r\nEMAIL:c\r\n", "EMAIL:c\r\nEMAIL:\r\n", P::Email3Address},
+  };
+  for (const Case& c : cases) {
+    Card card = *Card::Read(doubled);
+    ContactChanges record;
+    for (std::size_t i = 0; i < kContactProperties; ++i) {
+      record[static_cast<P>(i)] = card.texts()[i];
+    }
+    record[c.property] = u"";
+    for (int run = 0; run < 2; ++run) {
+      card.Apply(record);
+      EXPECT_EQ(card.Bytes(), Replaced(doubled, c.from, c.to));
+      EXPECT_EQ(Of(card, c.empty), u"") << c.to;
+    }
+  }
+}
+
+TEST(CardTest, LinesOfEmailAddressesMoveWithThem) {
+  const std::string lines[] = {"item1.EMAIL;TYPE=WORK:a\r\n", "EMAIL;TYPE=HOME:b\r\n",
+                               "item1.X-ABLabel:office\r\n"};
+  const std::string begin = "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\n", end = "END:VCARD\r\n";
+  struct Case {
+    Text first, second, third;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {u"b", u"", u"a", lines[1] + lines[0] + lines[2]},
+      {u"b", u"x", u"", lines[1] + "item1.EMAIL;TYPE=WORK:x\r\n" + lines[2]},
+      {u"x", u"b", u"", "item1.EMAIL;TYPE=WORK:x\r\n" + lines[1] + lines[2]},
+      {u"x", u"a", u"b", "EMAIL;TYPE=INTERNET:x\r\n" + lines[0] + lines[1] + lines[2]},
+      {u"", u"b", u"", lines[1]},
+      {u"a", u"a", u"b", lines[0] + "EMAIL;TYPE=INTERNET:a\r\n" + lines[1] + lines[2]},
+  };
+  for (const Case& c : cases) {
+    Card card = *Card::Read(begin + lines[0] + lines[1] + lines[2] + end);
+    card.Apply(
+        {{P::Email1Address, c.first}, {P::Email2Address, c.second}, {P::Email3Address, c.third}});
+    EXPECT_EQ(card.Bytes(), begin + c.expected + end);
+  }
+}
+
+TEST(CardTest, PartsOfANameThatStandInItStay) {
+  struct Case {
+    Text full;
+    std::string before, after;
+  };
+  const Case cases[] = {
+      {u"Dr. Anna Maria Bergh", "Berg;Anna;Maria;Dr.;", "Bergh;Anna;Maria;Dr.;"},
+      {u"Dr. Anne Maria Berg", "Berg;Anna;Maria;Dr.;", "Berg;Anne;Maria;Dr.;"},
+      {u"Dr. Anna Mario Berg", "Berg;Anna;Maria;Dr.;", "Berg;Anna;Mario;Dr.;"},
+      {u"Anna Maria Berg jr.", "Berg;Anna;Maria;Dr.;jr.", "Berg;Anna;Maria;;jr."},
+      {u"Ann van der Berg", "van der Berg;Anna;;;", "van der Berg;Ann;;;"},
+      {u"Anna van den Berg", "van der Berg;Anna;;;", "van den Berg;Anna;;;"},
+      {u"Berg Bo", "Berg;Anna;;;", "Berg;Bo;;;"},
+      {u"Bergmann Anna", "Berg;Anna;;;", "Bergmann;Anna;;;"},
+      {u"Anna", "Berg;Anna;Maria;;", ";Anna;;;"},
+      {u"Dr. Berg", "Berg;Anna\\, B.,Bo;;Dr.;", "Berg;;;Dr.;"},
+      {u"Bo Ek", "Berg;Anna;Maria;Dr.;", "Ek;Bo;;;"},
+      {u"Bo", "Berg;Anna", ";Bo;;;"},
+      {u"", "Berg;Anna;Maria;Dr.;jr.", ";;;;"},
+  };
+  for (const Case& c : cases) {
+    const std::string begin = "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:?\r\nN:";
+    Card card = *Card::Read(begin + c.before + "\r\nEND:VCARD\r\n");
+    card.Apply({{P::FullName, c.full}});
+    EXPECT_EQ(card.Bytes(), Replaced(begin, "?", ToUtf8(c.full)) + c.after + "\r\nEND:VCARD\r\n");
+  }
+}
+
 TEST(CardTest, KeepsLineEndsByteOrderMarkAndTheFormsOfVersionFour) {
   const std::string four =
       "\xEF\xBB\xBF"
-      "begin:vcard\nversion:4.0\nFN:A\n\nTEL;VALUE=uri;TYPE=\"cell,voice\":tel:+1-555\nend:VCard";
+      "begin:vcard \nversion:4.0 \nFN:A\n\nTEL;VALUE=uri;TYPE=\"cell,voice\":tel:+1-555\nend:VCard";
   Card card = *Card::Read(four);
   EXPECT_EQ(Of(card, P::MobileTelephoneNumber), u"+1-555");
   EXPECT_EQ(card.Bytes(), four);
@@ -162,6 +254,14 @@ TEST(CardTest, ANewCardHoldsWhatItWasGiven) {
   EXPECT_EQ(card.Bytes(),
             "BEGIN:VCARD\r\nVERSION:3.0\r\nPRODID:-//Tessarin//EN\r\nUID:id\r\nFN:\r\nN:;;;;\r\n"
             "END:VCARD\r\n");
+}
+
+TEST(CardTest, ACardWithoutANameHasItsLinesAllTheSame) {
+  Card card = Card::New("id");
+  card.Apply({{P::FullName, u""}, {P::HomeTelephoneNumber, u"1"}});
+  EXPECT_EQ(card.Bytes(),
+            "BEGIN:VCARD\r\nVERSION:3.0\r\nPRODID:-//Tessarin//EN\r\nUID:id\r\nFN:\r\nN:;;;;\r\n"
+            "TEL;TYPE=HOME:1\r\nEND:VCARD\r\n");
 }
 
 TEST(CardTest, GroupsAreToldAndDamagedFilesRefused) {

@@ -19,6 +19,19 @@ constexpr char kOddZone[] =
     "BEGIN:STANDARD\r\nDTSTART:19701025T030000\r\nTZOFFSETFROM:+0545\r\nTZOFFSETTO:+0545\r\n"
     "END:STANDARD\r\nEND:VTIMEZONE\r\n";
 
+// Its summer time begins and ends on days of the month.
+constexpr char kMonthDayZone[] =
+    "BEGIN:VTIMEZONE\r\nTZID:Iran\r\n"
+    "BEGIN:STANDARD\r\nDTSTART:20000921T000000\r\nRRULE:FREQ=YEARLY;BYMONTH=9;BYMONTHDAY=21\r\n"
+    "TZOFFSETFROM:+0430\r\nTZOFFSETTO:+0330\r\nEND:STANDARD\r\n"
+    "BEGIN:DAYLIGHT\r\nDTSTART:20000321T000000\r\nRRULE:FREQ=YEARLY;BYMONTH=3;BYMONTHDAY=21\r\n"
+    "TZOFFSETFROM:+0330\r\nTZOFFSETTO:+0430\r\nEND:DAYLIGHT\r\nEND:VTIMEZONE\r\n";
+// A rule that nobody works out leaves the last change that is told.
+constexpr char kDailyZone[] =
+    "BEGIN:VTIMEZONE\r\nTZID:Daily\r\n"
+    "BEGIN:STANDARD\r\nDTSTART:20000101T000000\r\nRRULE:FREQ=DAILY\r\nTZOFFSETFROM:+0300\r\n"
+    "TZOFFSETTO:+0400\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
+
 std::string Object(const std::string& lines, const std::string& zones = "") {
   return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n" + zones + "BEGIN:VEVENT\r\nUID:u\r\n" + lines +
          "END:VEVENT\r\nEND:VCALENDAR\r\n";
@@ -52,6 +65,15 @@ TEST_F(EventTest, TimesAreReadAsTheyAreMeant) {
        u"15/06/2004 08:15:00", u"15/06/2004 09:15:00"},
       {"DTSTART;TZID=Nowhere:20040615T120000\r\n", "", u"15/06/2004 12:00:00",
        u"15/06/2004 12:00:00"},
+      {"DTSTART;TZID=Iran:20040615T120000\r\n", kMonthDayZone, u"15/06/2004 09:30:00",
+       u"15/06/2004 09:30:00"},
+      {"DTSTART;TZID=Daily:20040615T120000\r\n", kDailyZone, u"15/06/2004 10:00:00",
+       u"15/06/2004 10:00:00"},
+      // The clock goes forward on 28 March: a day by the calendar has 23 hours then.
+      {"DTSTART:20040327T120000Z\r\nDURATION:P1D\r\n", "", u"27/03/2004 13:00:00",
+       u"28/03/2004 13:00:00"},
+      {"DTSTART:20040327T120000Z\r\nDURATION:PT24H\r\n", "", u"27/03/2004 13:00:00",
+       u"28/03/2004 14:00:00"},
       {"DTSTART;VALUE=DATE:20040615\r\n", "", u"15/06/2004 00:00:00", u"16/06/2004 00:00:00"},
       {"DTSTART;VALUE=DATE:20041231\r\nDTEND;VALUE=DATE:20050102\r\n", "", u"31/12/2004 00:00:00",
        u"02/01/2005 00:00:00"},
@@ -101,6 +123,7 @@ TEST_F(EventTest, AnEditChangesItsOwnLinesAndNoOtherByte) {
       "BEGIN:VALARM\r\nACTION:EMAIL\r\nTRIGGER:-PT1M\r\nEND:VALARM\r\n"
       "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-PT15M\r\nX-B:c\r\nEND:VALARM\r\n"
       "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER:-PT900S\r\nEND:VALARM\r\n"
+      "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-P1D\r\nEND:VALARM\r\n"
       "END:VEVENT\r\nBEGIN:VEVENT\r\nUID:u\r\nRECURRENCE-ID:20040617T061500Z\r\n"
       "DTSTART:20040617T071500Z\r\n",
       kOddZone);
@@ -125,7 +148,8 @@ TEST_F(EventTest, AnEditChangesItsOwnLinesAndNoOtherByte) {
   edits[5].changes.ReminderSet = false;
   edits[5].replaced = {
       {"BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-PT15M\r\nX-B:c\r\nEND:VALARM\r\n"
-       "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER:-PT900S\r\nEND:VALARM\r\n",
+       "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER:-PT900S\r\nEND:VALARM\r\n"
+       "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-P1D\r\nEND:VALARM\r\n",
        ""}};
   edits[6].changes.clearRecurrence = true;
   edits[6].replaced = {{"RRULE:FREQ=DAILY\r\nEXDATE:20040616T061500Z\r\n", ""},
@@ -141,7 +165,35 @@ TEST_F(EventTest, AnEditChangesItsOwnLinesAndNoOtherByte) {
     event.Apply(edit.changes);
     EXPECT_EQ(event.Bytes(), expected);
     ASSERT_TRUE(Event::Read(event.Bytes()));
+    EXPECT_EQ(event.fields().ReminderSet, edit.changes.ReminderSet.value_or(true));
   }
+}
+
+// The clock goes forward in the night of 28 March: an alarm of the day before, at the same time by
+// the clock, comes 23 hours before.
+TEST_F(EventTest, RemindersGoByTheClockOnTheWall) {
+  const auto read = [](const char* trigger) {
+    return *Event::Read(Object(std::string("DTSTART:20040328T120000Z\r\nBEGIN:VALARM\r\n"
+                                           "ACTION:DISPLAY\r\nTRIGGER:") +
+                               trigger + "\r\nEND:VALARM\r\n"));
+  };
+  EXPECT_EQ(read("-P1D").fields().ReminderMinutesBeforeStart, 1440);
+  EXPECT_EQ(read("-PT24H").fields().ReminderMinutesBeforeStart, 1500);
+  Event event = read("-PT1M");
+  AppointmentChanges changes;
+  changes.ReminderMinutesBeforeStart = 1440;
+  event.Apply(changes);
+  EXPECT_NE(event.Bytes().find("TRIGGER:-PT1380M"), std::string::npos) << event.Bytes();
+  EXPECT_EQ(event.fields().ReminderMinutesBeforeStart, 1440);
+}
+
+TEST_F(EventTest, AnOccurrenceAloneBecomesAnEventOfItsOwn) {
+  const std::string lines = "DTSTART:20040615T120000Z\r\n";
+  Event event = *Event::Read(Object("RECURRENCE-ID:20040614T120000Z\r\n" + lines));
+  AppointmentChanges changes;
+  changes.clearRecurrence = true;
+  event.Apply(changes);
+  EXPECT_EQ(event.Bytes(), Object(lines));
 }
 
 TEST_F(EventTest, WholeDaysStayWholeDaysAndDurationsGiveWay) {
@@ -190,6 +242,11 @@ TEST_F(EventTest, TodosAreNoEventsAndDamagedFilesAreRefused) {
       Object("DTSTART:20040615T120000Z\r\nDURATION:P999999999W\r\n"),
       Object("DTSTART:20040615T120000Z\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:other\r\n"
              "DTSTART:20040615T120000Z\r\n"),
+      Object("DTSTART:20040615T120000Z\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:u\r\n"
+             "DTSTART:20040616T120000Z\r\n"),
+      Replaced(Object("DTSTART:20040615T120000Z\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\n"
+                      "RECURRENCE-ID:20040616T120000Z\r\nDTSTART:20040616T120000Z\r\n"),
+               "UID:u\r\n", ""),
       Replaced(Object("DTSTART:20040615T120000Z\r\n"), "END:VEVENT\r\n", ""),
       todo + todo,
       "BEGIN:VCARD\nVERSION:3.0\nEND:VCARD\n",

@@ -189,6 +189,22 @@ TEST_F(StoreTest, EventsAreKeptTheSameWay) {
   }
 }
 
+// An entry of the phone's need not say when it ends.
+TEST_F(StoreTest, AnEventThatIsMovedStaysAsLongAsItWas) {
+  const auto item =
+      std::dynamic_pointer_cast<AppointmentItem>(store.Shared().CreateItem(kAppointmentType));
+  const DateValue length = item->Get().End - item->Get().Start;
+  for (const int year : {2004, 2027, 1999}) {
+    const DateValue start = modDate::PackDate(year, 1, 1);
+    item->SetStart(start);
+    item->Save();
+    const auto read = Load(kCalendarFolder)->Item(1);
+    const AppointmentFields& fields = dynamic_cast<AppointmentItem&>(*read).Get();
+    EXPECT_NEAR(fields.Start, start, 1e-6);
+    EXPECT_NEAR(fields.End, start + length, 1e-6) << year;
+  }
+}
+
 // Whoever leans on a list has to tell items that are gone from items that could not be had.
 TEST_F(StoreTest, AListTellsWhatItsLoadingCouldNotTake) {
   ScriptedHost host;
