@@ -80,8 +80,8 @@ BENCHMARK(ShowAndSortList)->Unit(benchmark::kMillisecond);
 void JoinSavedFile(benchmark::State& state) {
   const auto file = std::filesystem::temp_directory_path() / "tessarin-phonebook-bench.dat";
   auto contacts = MobileList();
-  contacts.WriteContactToFile(file);
-  for (auto step : state) contacts.LoadT610ContactList(file);
+  contacts.WriteContactToFile(file, {});
+  for (auto step : state) (void)contacts.LoadT610ContactList(file);
   std::filesystem::remove(file);
 }
 BENCHMARK(JoinSavedFile)->Unit(benchmark::kMillisecond);

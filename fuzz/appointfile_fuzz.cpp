@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   clsT610AppointList list(language);
   FillFrom(file.Path(), list);
   const int count = list.Count();
-  list.LoadT610AppointList(file.Path());
+  Require(list.LoadT610AppointList(file.Path()));
   Require(list.Count() == count);
   for (int round = 0; round < 2; ++round) {
     list.WriteContactToFile(file.Path());

@@ -13,7 +13,7 @@ void CalendarLists::Rebuild(const std::vector<CalendarRecord>& records) {
   for (const CalendarRecord& record : records) {
     if (record.EntryType == u"EVENT") phoneAppointments->Add(AppointOf(record));
   }
-  phoneAppointments->LoadT610AppointList(files_.Path(kFile));
+  fileKnown_ = phoneAppointments->LoadT610AppointList(files_.Path(kFile));
 }
 
 std::shared_ptr<clsT610Appoint> CalendarLists::AppointOf(const CalendarRecord& record) const {
@@ -33,7 +33,9 @@ std::shared_ptr<clsT610Appoint> CalendarLists::AppointOf(const CalendarRecord& r
 }
 
 void CalendarLists::Save() const {
-  if (phoneAppointments != nullptr) phoneAppointments->WriteContactToFile(files_.Path(kFile));
+  if (phoneAppointments != nullptr && fileKnown_) {
+    phoneAppointments->WriteContactToFile(files_.Path(kFile));
+  }
 }
 
 void CalendarLists::Unloading() {

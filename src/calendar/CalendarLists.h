@@ -24,7 +24,7 @@ class CalendarLists : public SessionPart {
   // Takes the place of the list: the events among the records, tasks being left out, joined with
   // what the file tells of them.
   void Rebuild(const std::vector<CalendarRecord>& records);
-  // Writes the list, if there is one.
+  // Writes the list, if there is one; not over a file that could not be read for it.
   void Save() const;
 
   void Unloading() override;
@@ -35,6 +35,7 @@ class CalendarLists : public SessionPart {
   const modFile& files_;
   const Language& language_;
   const Clock& clock_;
+  bool fileKnown_ = false;
 };
 
 }  // namespace tessarin

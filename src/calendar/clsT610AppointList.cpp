@@ -87,12 +87,15 @@ void clsT610AppointList::AddOutlookAppoint(const OutlookFacts& appoint, TextView
   UpdateOutlookAppoint(appoint, Count(), mobileID);
 }
 
-void clsT610AppointList::LoadT610AppointList(const std::filesystem::path& file) {
+bool clsT610AppointList::LoadT610AppointList(const std::filesystem::path& file) {
   try {
     for (const auto& line : ListFile::ReadLines(file)) MergeAppointRecord(DecodeContactStr(line));
+  } catch (const FileError&) {
+    return false;
   } catch (const BoundsError&) {
-    return;  // what was merged so far holds
+    // what was merged so far holds
   }
+  return true;
 }
 
 // The file holds what the phone held at the last save, so a difference is a change made on the

@@ -50,9 +50,10 @@ class clsT610AppointList {
 
   // For a list just read from the phone: brings back from the file what the phone does not hold,
   // the links to Outlook, and the change times of the entries that are as they were when the file
-  // was written. Lines of entries that are not in the list are dropped. Any error, a line with too
-  // few groups among them, ends it silently.
-  void LoadT610AppointList(const std::filesystem::path& file);
+  // was written. Lines of entries that are not in the list are dropped. A line with too few groups
+  // ends it silently. False when there is a file that cannot be read, which must not be written
+  // over then.
+  [[nodiscard]] bool LoadT610AppointList(const std::filesystem::path& file);
   // An error ends it silently and leaves the old file whole.
   void WriteContactToFile(const std::filesystem::path& file) const;
 

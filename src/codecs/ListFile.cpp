@@ -13,9 +13,9 @@ namespace {
 // A file that is not there hides nothing.
 bool HidesItsLines(const std::filesystem::path& file) {
   try {
-    (void)modFile::ReadWholeFile(file);
-  } catch (const FileError& fault) {
-    return fault.Reason() != std::errc::no_such_file_or_directory;
+    (void)ReadLines(file);
+  } catch (const FileError&) {
+    return true;
   }
   return false;
 }
@@ -43,8 +43,8 @@ std::vector<std::string> ReadLines(const std::filesystem::path& file) {
   std::string content;
   try {
     content = modFile::ReadWholeFile(file);
-  } catch (const FileError&) {
-    return {};
+  } catch (const FileError& fault) {
+    if (fault.Reason() != std::errc::no_such_file_or_directory) throw;
   }
   std::vector<std::string> lines;
   for (std::size_t start = 0; start < content.size();) {

@@ -18,8 +18,8 @@ std::vector<Text> DecodeLine(std::string_view line);
 // The line of these fields, without its end.
 std::string EncodeLine(const std::vector<Text>& fields);
 
-// The lines that are not empty, without their ends, LF alone being one too; none when the file
-// cannot be read.
+// The lines that are not empty, without their ends, LF alone being one too; none when there is no
+// file. Raises FileError for one that cannot be read: who lacks its lines must not write over them.
 std::vector<std::string> ReadLines(const std::filesystem::path& file);
 
 // Writes whole lines in place of what the file held. An error ends it silently and leaves the old

@@ -1,5 +1,8 @@
 #include "phonebook/PhonebookLists.h"
 
+#include <utility>
+
+#include "codecs/Faults.h"
 #include "codecs/ListFile.h"
 
 namespace tessarin {
@@ -18,18 +21,31 @@ Text MobileIdOf(const std::string& line) {
 
 void PhonebookLists::PhoneFound() {
   SavePhoneContacts();
-  // A book that could not be written exists nowhere else.
-  if (SaveBook()) {
-    tscContacts = std::make_unique<clsT610ContactList>();
-    damagedLines_ = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
-  }
+  if (SaveBook()) ReadBook();
   phoneContacts = std::make_unique<clsT610ContactList>();
   phoneContacts->ListType = -1;
-  unreadLines_ = ListFile::ReadLines(files_.Path(kMobileFile));
+  ReadPhoneFile();
+}
+
+void PhonebookLists::ReadBook() {
+  tscContacts = std::make_unique<clsT610ContactList>();
+  auto damaged = tscContacts->LoadTSCContactList(files_.Path(kBookFile));
+  bookFileKnown_ = damaged.has_value();
+  damagedLines_ = std::move(damaged).value_or(std::vector<std::string>());
+}
+
+void PhonebookLists::ReadPhoneFile() {
+  phoneFileKnown_ = true;
+  try {
+    unreadLines_ = ListFile::ReadLines(files_.Path(kMobileFile));
+  } catch (const FileError&) {
+    unreadLines_.clear();
+    phoneFileKnown_ = false;
+  }
 }
 
 void PhonebookLists::MemoryRead(char16_t kind, bool complete) {
-  phoneContacts->LoadT610ContactList(files_.Path(kMobileFile));
+  if (!phoneContacts->LoadT610ContactList(files_.Path(kMobileFile))) phoneFileKnown_ = false;
   if (!complete) return;
   std::erase_if(unreadLines_,
                 [kind](const auto& line) { return MobileIdOf(line).starts_with(kind); });
@@ -51,14 +67,15 @@ void PhonebookLists::Unloading() {
 }
 
 void PhonebookLists::SavePhoneContacts() const {
-  if (phoneContacts != nullptr) {
+  if (phoneContacts != nullptr && phoneFileKnown_) {
     phoneContacts->WriteContactToFile(files_.Path(kMobileFile), UnreadLines());
   }
 }
 
 bool PhonebookLists::SaveBook() const {
-  return tscContacts == nullptr ||
-         tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);
+  if (tscContacts == nullptr) return true;
+  if (!bookFileKnown_) return tscContacts->Count() == 0;
+  return tscContacts->WriteContactToFile(files_.Path(kBookFile), damagedLines_);
 }
 
 }  // namespace tessarin

@@ -27,17 +27,22 @@ class PhonebookLists : public SessionPart {
   // earlier sessions knows of them. From then on the saved lines of that memory are no longer kept,
   // unless the reading was not `complete`: they may be those of contacts that nobody saw.
   void MemoryRead(char16_t kind, bool complete = true);
-  // Writes the mobile list, if there is one.
+  // Writes the mobile list, if there is one. Kept lines go with it, and a file that could not be
+  // read when its lines were needed is left alone.
   void SavePhoneContacts() const;
   void Unloading() override;
 
  private:
-  // True also when there is no book yet.
+  void ReadBook();
+  void ReadPhoneFile();
+  // True when nothing of the book is in memory only.
   bool SaveBook() const;
   // Those of the kept lines that no contact of `phoneContacts` has taken the place of.
   std::vector<std::string> UnreadLines() const;
 
   const modFile& files_;
+  // False once a file could not be read: what it holds is not known here.
+  bool phoneFileKnown_ = false, bookFileKnown_ = false;
   // The saved lines of memories that were not read in this connection. They hold links and times
   // of contacts that nobody looked at, so they go back into the file as they stand.
   std::vector<std::string> unreadLines_;

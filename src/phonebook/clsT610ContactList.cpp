@@ -71,19 +71,23 @@ void clsT610ContactList::AssignContact(const std::vector<Text>& fields) {
   Add(std::move(contact));
 }
 
-std::vector<std::string> clsT610ContactList::LoadTSCContactList(const std::filesystem::path& file) {
-  auto lines = ListFile::ReadLines(file);
-  auto line = lines.begin();
+std::optional<std::vector<std::string>> clsT610ContactList::LoadTSCContactList(
+    const std::filesystem::path& file) {
+  std::vector<std::string> lines;
+  std::size_t taken = 0;
   try {
-    for (; line != lines.end(); ++line) AssignContact(DecodeContactStr(*line));
+    lines = ListFile::ReadLines(file);
+    for (; taken < lines.size(); ++taken) AssignContact(DecodeContactStr(lines[taken]));
+  } catch (const FileError&) {
+    return std::nullopt;
   } catch (const BoundsError&) {
-    lines.erase(lines.begin(), line);
-    return lines;
+    // the damaged line and those behind it stay in `lines`
   }
-  return {};
+  lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(taken));
+  return lines;
 }
 
-void clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) {
+bool clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) {
   try {
     for (const auto& line : ListFile::ReadLines(file)) {
       const auto fields = DecodeContactStr(line);
@@ -94,9 +98,12 @@ void clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) 
         MergePhoneRecord(fields);
       }
     }
+  } catch (const FileError&) {
+    return false;
   } catch (const BoundsError&) {
-    return;  // a damaged line: what stands behind it is not trusted
+    // a damaged line: what stands behind it is not trusted
   }
+  return true;
 }
 
 bool clsT610ContactList::IsSameContact(int index, const std::vector<Text>& fields) const {

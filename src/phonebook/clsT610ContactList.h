@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,18 +60,22 @@ class clsT610ContactList {
   // Adds a new contact made of elements 0 to 23; BoundsError when there are fewer.
   void AssignContact(const std::vector<Text>& fields);
 
-  // Any error, a line with too few groups among them, ends the reading silently with what was read
-  // so far. Gives the lines that were not taken, so that they can be kept as they stand.
-  [[nodiscard]] std::vector<std::string> LoadTSCContactList(const std::filesystem::path& file);
+  // A line with too few groups ends the reading silently with what was read so far. Gives the lines
+  // that were not taken, so that they can be kept as they stand; nullopt when there is a file that
+  // cannot be read, which must not be written over then.
+  [[nodiscard]] std::optional<std::vector<std::string>> LoadTSCContactList(
+      const std::filesystem::path& file);
   // Brings into a list that was read from the phone what the phone does not keep, from the file of
   // an earlier session: the Outlook link of each contact, and the change time of each that is the
   // same as it was. Of a contact on the SIM only name and number are compared. What the phone no
-  // longer has is passed over. Errors end the reading silently.
-  void LoadT610ContactList(const std::filesystem::path& file);
-  // Writes the list, and behind it `further` lines as they stand. An error ends it silently and
-  // leaves the old file whole. Gives whether it was written.
+  // longer has is passed over. A line with too few groups ends the reading silently. False when
+  // there is a file that cannot be read, which must not be written over then.
+  [[nodiscard]] bool LoadT610ContactList(const std::filesystem::path& file);
+  // Writes the list, and behind it `further` lines as they stand: those of the file that are not in
+  // the list and are to be kept. An error ends it silently and leaves the old file whole. Gives
+  // whether it was written.
   bool WriteContactToFile(const std::filesystem::path& file,
-                          const std::vector<std::string>& further = {}) const;
+                          const std::vector<std::string>& further) const;
 
  private:
   void ClearAll(char16_t kind);

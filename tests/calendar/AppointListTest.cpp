@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarLists.h"
 #include "codecs/Faults.h"
+#include "tests/support/OrdinaryUser.h"
 #include "tests/support/TempFolder.h"
 
 namespace tessarin {
@@ -166,6 +167,19 @@ TEST_F(AppointListTest, TheFileKeepsLinksUntilADamagedLine) {
   lists_.Save();
   EXPECT_EQ(File().find("0067006F006E0065"), std::string::npos)
       << "an entry gone from the phone is dropped";
+}
+
+TEST_F(AppointListTest, LeavesAFileAloneThatCouldNotBeRead) {
+  SetFile("kept");
+  const auto file = folder_.Path() / "Cal/CalendarMobile.dat";
+  std::filesystem::permissions(file, std::filesystem::perms(0222));
+  {
+    const OrdinaryUser user;
+    lists_.Rebuild({Record(u"000100000001", u"Train")});
+  }
+  std::filesystem::permissions(file, std::filesystem::perms(0666));
+  lists_.Save();
+  EXPECT_EQ(File(), "kept");
 }
 
 TEST_F(AppointListTest, WithoutAListNothingIsWritten) {

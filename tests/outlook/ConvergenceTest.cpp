@@ -53,7 +53,7 @@ class World {
     Advance();
     pane_.Fill(OutlookRows(outlook));
     const SyncCount back = engine_.SyncOutlookToList(outlook, list_, pane_);
-    list_.WriteContactToFile(cache_);
+    list_.WriteContactToFile(cache_, {});
     return there.added + there.updated + there.failed + back.added + back.updated + back.failed;
   }
   // What is on the phone is what the next run goes by.
@@ -69,7 +69,7 @@ class World {
       read->LetData(modDate::FormatDateText(outlook_.now), 2);
       list_.Add(std::move(read));
     }
-    list_.LoadT610ContactList(cache_);
+    EXPECT_TRUE(list_.LoadT610ContactList(cache_));
     for (const Text& luid : changed_) Expect(u"p" + luid);
     changed_.clear();
   }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "codecs/Faults.h"
 #include "codecs/modHexStr.h"
@@ -54,13 +55,13 @@ TEST_F(ContactListTest, ReadsWhatItWroteInAnyLineEnds) {
   list.Add(Contact(u"Žižek "));
   list.Add(Contact(u"李"));
   const auto file = folder_.Path() / "list.dat";
-  list.WriteContactToFile(file);
+  list.WriteContactToFile(file, {});
   const std::string content = folder_.Read("list.dat");
   EXPECT_EQ(content, Line(u"Žižek ") + "\r\n" + Line(u"李") + "\r\n");
   for (const std::string& stored : {content, "\r\n\n" + Line(u"Žižek ") + "\n" + Line(u"李")}) {
     folder_.Write("list.dat", stored);
     clsT610ContactList read;
-    EXPECT_TRUE(read.LoadTSCContactList(file).empty());
+    EXPECT_EQ(read.LoadTSCContactList(file), std::vector<std::string>());
     ASSERT_EQ(read.Count(), 2);
     EXPECT_EQ(read.item(1).GetData(23), u"Žižek 23");
     EXPECT_EQ(read.item(2).GetData(0), u"李0");
@@ -169,7 +170,7 @@ TEST_F(ContactListTest, JoinsTheSavedLinksAndTimesToWhatThePhoneHas) {
   list.Add(Known({u"new", u"p2", u"now", u"Dan", u"5", u"66"}));
   list.Add(Known({u"new", u"p3", u"now", u"Eve"}));
   list.item(3).LetData(u"http://a.example", 24);  // not compared: the file does not keep it
-  list.LoadT610ContactList(file);
+  EXPECT_TRUE(list.LoadT610ContactList(file));
   const std::vector<std::pair<Text, Text>> expected = {
       {u"g1", u"old"}, {u"g2", u"now"}, {u"g3", u"old"}, {u"g4", u"now"}, {u"new", u"now"}};
   ASSERT_EQ(list.Count(), 5);
@@ -180,8 +181,8 @@ TEST_F(ContactListTest, JoinsTheSavedLinksAndTimesToWhatThePhoneHas) {
   }
   // Behind a damaged line nothing is trusted; a file that is not there says nothing.
   folder_.Write("list.dat", Saved({u"h1", u"s1"}) + "0041,0042\r\n" + Saved({u"h2", u"s2"}));
-  list.LoadT610ContactList(file);
-  list.LoadT610ContactList(folder_.Path() / "none.dat");
+  EXPECT_TRUE(list.LoadT610ContactList(file));
+  EXPECT_TRUE(list.LoadT610ContactList(folder_.Path() / "none.dat"));
   EXPECT_EQ(list.item(1).GetData(0), u"h1");
   EXPECT_EQ(list.item(2).GetData(0), u"g2");
 }
@@ -217,22 +218,46 @@ TEST_F(ContactListTest, KeepsTheSavedLinesOfAMemoryThatWasReadInPart) {
   EXPECT_EQ(Mobile(), first + second);
 }
 
-TEST_F(ContactListTest, LeavesABookAloneThatItCannotRead) {
-  Write(Line(u"a") + "\r\n");
-  const auto file = folder_.Path() / "Pb/ContactTSC.dat";
-  std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0777));
-  std::filesystem::permissions(file, std::filesystem::perms(0222));
-  {
-    const OrdinaryUser user;
-    PhonebookLists lists(files_);
-    lists.PhoneFound();
-    lists.tscContacts->Add(Contact(u"b"));
-    lists.PhoneFound();
-    EXPECT_EQ(lists.tscContacts->Count(), 1) << "what could not be written is not dropped";
-    lists.Unloading();
+TEST_F(ContactListTest, LeavesFilesAloneThatCouldNotBeRead) {
+  const std::string saved = Saved({u"g1", u"p1", u"old", u"Ann"});
+  Write(saved);
+  folder_.Write("Pb/ContactMobile.dat", saved);
+  std::filesystem::permissions(folder_.Path() / "Pb", std::filesystem::perms(0777));
+  const auto allow = [this](unsigned mode) {
+    for (const char* file : {"Pb/ContactTSC.dat", "Pb/ContactMobile.dat"}) {
+      ASSERT_EQ(::chmod((folder_.Path() / file).c_str(), mode), 0);
+    }
+  };
+  // When the file cannot be read: at the start, when it is joined to what the phone has, or till
+  // the end of the run.
+  for (const bool atStart : {true, false}) {
+    for (const bool tillTheEnd : {true, false}) {
+      SCOPED_TRACE(atStart);
+      PhonebookLists lists(files_);
+      allow(atStart ? 0222 : 0666);
+      {
+        const OrdinaryUser user;
+        lists.PhoneFound();
+      }
+      allow(0222);
+      {
+        const OrdinaryUser user;
+        lists.phoneContacts->Add(Known({u"new", u"p1", u"now", u"Ann"}));
+        if (!atStart) lists.MemoryRead(u'p');
+        if (atStart) lists.tscContacts->Add(Contact(u"b"));
+      }
+      allow(tillTheEnd ? 0222 : 0666);
+      {
+        const OrdinaryUser user;
+        if (atStart) lists.PhoneFound();
+        EXPECT_EQ(lists.tscContacts->Count(), 1) << "what was not written stays";
+        lists.Unloading();
+      }
+      allow(0666);
+      EXPECT_EQ(Mobile(), saved);
+      EXPECT_EQ(Book(), saved);
+    }
   }
-  std::filesystem::permissions(file, std::filesystem::perms(0644));
-  EXPECT_EQ(Book(), Line(u"a") + "\r\n");
 }
 
 TEST_F(ContactListTest, SavesTheListsBeforeASecondConnectionReplacesThem) {
