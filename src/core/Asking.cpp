@@ -18,7 +18,7 @@ Asking::Asking(WindowHost& host, const Language& language, Session& session)
 }
 
 void Asking::FormLoad() {
-  session_.phonebookLoadChoice = 0;
+  session_.phonebookLoadChoice = 2;
   caption = language_.getTSInterfaceStr(words::kAskingTitle);
   Image1.image = "page-phonebook";
   Image1.accessibleName = language_.getTSInterfaceStr(words::kPhonebook);

@@ -11,7 +11,8 @@ namespace tessarin {
 
 class Asking : public Window {
  public:
-  // The answer goes into `session`'s phonebookLoadChoice: 1 yes, 2 no, 0 none.
+  // The answer goes into `session`'s phonebookLoadChoice: 1 yes, 2 no. Who closes the window by its
+  // frame wants it out of the way, and has said no.
   Asking(WindowHost& host, const Language& language, Session& session);
 
   Picture Image1{*this, "Image1"};

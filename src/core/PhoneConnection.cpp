@@ -151,10 +151,7 @@ void PhoneConnection::FillStorageChoices() {
 
 PhoneConnection::Verdict PhoneConnection::AskAboutThePhonebook() {
   Asking(session_.host(), session_.language(), session_).Show(Modality::Modal);
-  const auto choice = session_.phonebookLoadChoice;
-  if (choice == 1 || choice == 2) return Verdict::GoOn;
-  link_.obex.EndOBEXSession();
-  return Fail(text::error::kPrepare);
+  return Verdict::GoOn;
 }
 
 PhoneConnection::Verdict PhoneConnection::LoadThePhonebook() {

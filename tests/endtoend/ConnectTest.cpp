@@ -58,7 +58,6 @@ struct Ending {
   const char* name;
   int error;  // -1: the fault of a place behind the end of an array
   std::function<void(Behaviour&)> make;
-  void (*answerAsking)(Window&) = nullptr;
   bool oneFolder = false;
 };
 
@@ -68,7 +67,6 @@ class BadPhone : public EndToEnd, public testing::WithParamInterface<Ending> {};
 
 TEST_P(BadPhone, EndsTheProgramWithOneMessageAndTheListsWhole) {
   Behave(GetParam().make);
-  if (GetParam().answerAsking != nullptr) host.WhenShown("Asking", GetParam().answerAsking);
   if (GetParam().oneFolder) std::filesystem::remove(folder.Path() / "phone" / "Card");
   phone.Start();
   program.Start();
@@ -89,8 +87,6 @@ std::function<void(Behaviour&)> Refusing(ObexOperation operation) {
   return [operation](Behaviour& b) { b.refusedOperations[operation] = {}; };
 }
 
-constexpr auto kNothingWrong = [](Behaviour&) {};
-
 INSTANTIATE_TEST_SUITE_P(
     Connect, BadPhone,
     testing::Values(
@@ -102,9 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
         Ending{"RefusingConnect", text::error::kPrepare, Refusing(ObexOperation::Connect)},
         Ending{"RefusingSetPath", text::error::kPrepare, Refusing(ObexOperation::SetPath)},
         Ending{"RefusingTheListing", text::error::kPrepare, Refusing(ObexOperation::Listing)},
-        Ending{"AndNoAnswerToTheQuestion", text::error::kPrepare, kNothingWrong,
-               [](Window& asking) { asking.Unload(); }},
-        Ending{"WithOneFolder", -1, kNothingWrong, nullptr, true}),
+        Ending{"WithOneFolder", -1, [](Behaviour&) {}, true}),
     [](const auto& instance) { return instance.param.name; });
 
 class Connect : public EndToEnd {};
