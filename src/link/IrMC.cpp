@@ -37,6 +37,7 @@ constexpr TextView kTotalRecords = u"Total-Records:";
 constexpr TextView kMaximumRecords = u"Maximum-Records:";
 constexpr int kPhonebookRoom = 100;
 constexpr long kMostRecords = 0xFFFF;
+constexpr std::size_t kLongestBook = 4 << 20;  // bytes: twenty times what these phones hold
 
 // Application Parameters of a delete: tag 0x12, the hard delete, with a value of no bytes.
 constexpr std::string_view kHardDelete = "4C00084C00051200";
@@ -75,11 +76,13 @@ std::optional<std::string> IrMC::Get(TextView name, const Progress& progress) {
   const std::string continuation = modOBEX::Packet(Opcode::Get, "");
   std::string packet = modOBEX::Packet(Opcode::Get, modOBEX::NameHeader(name));
   std::string contents, reply;
+  std::size_t received = 0;
   for (int step = 1;; step = std::min(step + 1, kLastStep)) {
     if (!com_.ExchangeOBEX(packet, reply)) return std::nullopt;
     const Reply code = modOBEX::ReplyCode(reply);
     const auto body = modOBEX::FindBody(reply);
-    if (code == Reply::Refused || !body) return std::nullopt;
+    received += reply.size() / 2;
+    if (code == Reply::Refused || !body || received > kLongestBook) return std::nullopt;
     contents += *body;
     if (code == Reply::Success) return contents;
     if (progress) progress(step);

@@ -28,8 +28,8 @@ class IrMC {
 
   // `count` entries, the text of them all, and how many the phone has room for. A phone that has
   // none is not asked for the text, which is then empty. The text has a U+0000 behind its end.
-  // False when the phone refused, or when its information log lacks a number; the arguments are
-  // then not to be used.
+  // False when the phone refused, when its information log lacks a number, or when it sends without
+  // end; the arguments are then not to be used.
   //
   // The phonebook's room is always given as 100, whatever the log says: the phone itself refuses
   // what it has no room for. Its change counter is read along, and a phone that refuses that fails

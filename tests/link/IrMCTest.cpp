@@ -248,6 +248,15 @@ TEST_F(Objects, TakesTheIdentifierOfANewEntryFromItsPlace) {
   }
 }
 
+TEST_F(Objects, GivesUpABookThatHasNoEnd) {
+  constexpr std::size_t kPart = 60000;
+  AnswerEnd("Total-Records:2\r\n");
+  std::size_t sent = 0;
+  for (; sent <= 4 << 20; sent += kPart) Answer(Contents(kOn, std::string(kPart, 'A')));
+  EXPECT_FALSE(irmc.ReadPhonebookObject(count, text, room));
+  EXPECT_LE(port.written.size(), 1 + sent / kPart);
+}
+
 TEST_F(Objects, SendsAnEntryBeyond512BytesAllTheSame) {
   Answer(Wire("CD0003"));
   EXPECT_FALSE(irmc.AddPhonebookEntry(std::string(2 * 600, '4'), text));
