@@ -11,7 +11,6 @@ namespace {
 
 constexpr TextView kEntry = u"\r\n+CPBR:";
 constexpr TextView kEntryHead = u"\r\n+CPBR: ";
-constexpr int kBatch = 10;  // slow phones are not asked for more places at once
 
 // What stands behind the first `mark`; empty when there is none.
 TextView Behind(TextView text, TextView mark) {

@@ -20,10 +20,13 @@ struct SIMPhoneBookRecord {
 // nothing.
 class ATPhonebook {
  public:
+  static constexpr int kBatch = 10;  // places; slow phones are not asked for more at once
+  static constexpr TextView kSim = u"\"SM\"";
+
   // `line` must outlive this object.
   explicit ATPhonebook(ATLine& line) : line_(line) {}
 
-  // `storage` comes with its double quotes: "SM" in quotes is four characters.
+  // `storage` comes with its double quotes, as `kSim` does.
   [[nodiscard]] bool SelectPhonebookStorage(TextView storage);
 
   // The first and the last place of the storage. Throws ConversionError when the phone's figures do

@@ -395,6 +395,7 @@ inline constexpr int kWorkCalendarSync = 671;
 inline constexpr int kWorkPicture = 672;
 inline constexpr int kWorkRingtone = 673;
 inline constexpr int kWorkCopyToSim = 674;
+inline constexpr int kWorkDeleteContacts = 675;
 
 // Phonebook.
 inline constexpr int kUrl = 700;

@@ -32,9 +32,10 @@ void frmSplashTransmission::SetUp(const char16_t* film, std::int16_t code, const
   Animation1.file = film;
   operationCode_ = code;
   Label1.text = text;
-  const bool isTransfer = code == worker::kUploading || code == worker::kDownloading;
-  prgTransfer.visible = isTransfer;
-  lblAmount.visible = isTransfer;
+  const bool isCounted =
+      code == worker::kUploading || code == worker::kDownloading || code == worker::kDeleteContacts;
+  prgTransfer.visible = isCounted;
+  lblAmount.visible = isCounted;
   prgTransfer.value = 0;
   lblAmount.text = u"";
 }
@@ -83,6 +84,14 @@ void frmSplashTransmission::Progress(std::uint64_t bytes, std::uint64_t total) {
       u" · " +
       language.Filled(words::kTransferRate,
                       {locale_.Amount(static_cast<unsigned long long>(rate))});
+  Refresh();
+  host().YieldToScreen();
+}
+
+void frmSplashTransmission::Counted(int done, int total) {
+  prgTransfer.value = static_cast<int>(std::int64_t{kThousandths} * done / std::max(total, 1));
+  lblAmount.text =
+      session_.language().Filled(words::kTransferProgress, {ToText(done), ToText(total)});
   Refresh();
   host().YieldToScreen();
 }

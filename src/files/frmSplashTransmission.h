@@ -26,6 +26,7 @@ inline constexpr std::int16_t kPicturePreview = 10;
 inline constexpr std::int16_t kRingtonePreview = 11;
 inline constexpr std::int16_t kCopyPhoneToSIM = 12;
 inline constexpr std::int16_t kSubfileLoading = 13;
+inline constexpr std::int16_t kDeleteContacts = 14;
 }  // namespace worker
 
 class frmSplashTransmission : public Window {
@@ -34,7 +35,7 @@ class frmSplashTransmission : public Window {
 
   Animation Animation1{*this, "Animation1"};
   Label Label1{*this, "Label1"};
-  // How far a transfer is; not seen for other work.
+  // How far a transfer or the deleting of contacts is; not seen for other work.
   ProgressBar prgTransfer{*this, "prgTransfer"};
   Label lblAmount{*this, "lblAmount"};
   Timer tmrTransferTimer{*this, "tmrTransferTimer", 1};
@@ -54,6 +55,8 @@ class frmSplashTransmission : public Window {
   // Told by a worker, as often as it likes: so many bytes of a file of `total`, 0 for unknown, have
   // crossed. The screen follows every tenth of a second and at the end.
   void Progress(std::uint64_t bytes, std::uint64_t total);
+  // The same for work on `total` things one by one, of which `done` are done.
+  void Counted(int done, int total);
 
  protected:
   void FormLoad() override;

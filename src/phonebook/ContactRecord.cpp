@@ -1,5 +1,7 @@
 #include "phonebook/ContactRecord.h"
 
+#include "phonebook/clsT610ContactList.h"
+
 namespace tessarin {
 
 namespace {
@@ -36,9 +38,33 @@ void TakeFields(const PhoneBookRecord& record, clsT610Contact& contact) {
 
 }  // namespace
 
+std::shared_ptr<clsT610Contact> NewContact(const Clock& clock) {
+  auto contact = std::make_shared<clsT610Contact>();
+  contact->LetData(Text(clsT610ContactList::GetTEMPID()), clsT610Contact::kGuid);
+  contact->LetData(modDate::FormatDateText(clock.Now()), clsT610Contact::kModified);
+  return contact;
+}
+
+Text OneLine(TextView text) {
+  Text line;
+  bool broken = false;
+  for (const char16_t unit : text) {
+    const bool isControl = unit < u' ' || (unit >= 0x7F && unit < 0xA0);
+    if (unit == u'\r' || unit == u'\n' || unit == u'\t') {
+      if (!broken) line += u' ';
+      broken = true;
+    } else if (!isControl) {
+      line += unit;
+      broken = false;
+    }
+  }
+  return line;
+}
+
 PhoneBookRecord RecordOf(const clsT610Contact& contact) {
   PhoneBookRecord record;
-  ForEachField(record, [&contact](int field, auto& value) { value = contact.GetData(field); });
+  ForEachField(record,
+               [&contact](int field, auto& value) { value = OneLine(contact.GetData(field)); });
   return record;
 }
 

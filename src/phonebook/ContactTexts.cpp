@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/TextIndex.h"
+#include "phonebook/ContactRecord.h"
 #include "phonebook/PhoneMemories.h"
 
 namespace tessarin {
@@ -61,7 +62,7 @@ std::vector<ContactLine> Lines(const Field (&fields)[N], const Contact& contact,
                                const Language& language, bool withEmpty) {
   std::vector<ContactLine> lines;
   for (const Field& field : fields) {
-    const Text value = Shown(contact.GetData(field.number));
+    const Text value = OneLine(contact.GetData(field.number));
     if (withEmpty || !value.empty()) lines.push_back({LabelOf(field, language), value});
   }
   return lines;
@@ -71,7 +72,7 @@ std::vector<ContactLine> Lines(const Field (&fields)[N], const Contact& contact,
 Text NumbersInRow(const Contact& contact, const Language& language) {
   Text numbers;
   for (std::size_t i = 0; i < kNumbersInRow; ++i) {
-    const Text number = Shown(contact.GetData(kNumbers[i].number));
+    const Text number = OneLine(contact.GetData(kNumbers[i].number));
     if (number.empty()) continue;
     numbers += u"   " + language.getTSInterfaceStr(kNumbers[i].label) + u":" + number;
   }
@@ -80,21 +81,15 @@ Text NumbersInRow(const Contact& contact, const Language& language) {
 
 }  // namespace
 
-Text Shown(TextView text) {
-  Text shown(text);
-  std::erase(shown, u'\0');
-  return shown;
-}
-
 ListRow ContactRow(const Contact& contact, int position, const Language& language) {
   constexpr std::size_t kDigits = 5;
   ListRow row;
-  row.key = "Item" + std::to_string(position);
+  row.key = KeyOf(position);
   Text digits = ToText(position);
   if (digits.size() < kDigits) digits.insert(0, kDigits - digits.size(), u'0');
   const bool onSim = IsOnSim(contact);
-  row.cells = {Shown(contact.GetData(Contact::kName)),
-               onSim ? Shown(contact.GetData(Contact::kHome)) : NumbersInRow(contact, language),
+  row.cells = {OneLine(contact.GetData(Contact::kName)),
+               onSim ? OneLine(contact.GetData(Contact::kHome)) : NumbersInRow(contact, language),
                digits};
   row.image = onSim ? "sim" : "phone";
   return row;
@@ -124,6 +119,8 @@ void SortRows(std::vector<ListRow>& rows, int column, bool ascending) {
   for (const auto& [key, place] : order) sorted.push_back(std::move(rows[place]));
   rows = std::move(sorted);
 }
+
+std::string KeyOf(int position) { return "Item" + std::to_string(position); }
 
 int PositionOf(const ListRow& row) { return std::stoi(row.key.substr(row.key.find('m') + 1)); }
 

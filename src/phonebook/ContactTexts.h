@@ -16,9 +16,6 @@ struct ContactLine {
   Text value;
 };
 
-// The text without U+0000, which the phone's cards leave in some fields.
-Text Shown(TextView text);
-
 // A row of `lvwPhonePhonebook`: key "Item" and the position in the mobile list, from 1; name,
 // numbers, and the position in five digits. Of phone memory the numbers are those of home, work and
 // mobile, each with its label.
@@ -28,7 +25,8 @@ std::vector<ListRow> ContactRows(const clsT610ContactList& list, char16_t kind,
                                  const Language& language);
 // Upper and lower case being equal; rows that are equal keep their order.
 void SortRows(std::vector<ListRow>& rows, int column, bool ascending);
-// The position that the row's key tells.
+// The key of the row of the contact at that position, and the position that a row's key tells.
+std::string KeyOf(int position);
 int PositionOf(const ListRow& row);
 
 // Name and number of a SIM entry; of a contact in phone memory every field with a text, states and

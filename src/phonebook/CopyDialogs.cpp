@@ -28,6 +28,7 @@ void CopyDialogs::Closed(const frmCopyToSIM& dialog) {
   closed_.push_back(std::move(*place));
   open_.erase(place);
   EnableMostRecent();
+  if (session_.IsLoaded()) session_.Show(Modality::Modeless);  // it comes forward
 }
 
 void CopyDialogs::EnableMostRecent() {
@@ -39,7 +40,7 @@ void CopyDialogs::EnableMostRecent() {
 }
 
 void CopyDialogs::CopyPhoneToSIM() {
-  if (!open_.empty()) open_.back()->CopyContactToSIM();
+  if (simCopyCount() > 0) open_[simCopyCount() - 1]->CopyContactToSIM();
 }
 
 }  // namespace tessarin

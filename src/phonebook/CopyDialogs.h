@@ -15,11 +15,13 @@ class CopyDialogs {
   // All must outlive the dialogs.
   CopyDialogs(TessarinMenu& session, PhonebookLists& lists, PhoneMemories& memories);
 
-  // Opens one more, in front of the others.
+  // Opens one more, in front of the others. Those of an earlier command that still stand stay
+  // behind it.
   void Open(const Text& name, const std::vector<ContactLine>& numbers);
   // The worker, on the most recent dialog; does nothing when all were closed meanwhile.
   void CopyPhoneToSIM();
-  int simCopyCount() const { return static_cast<int>(open_.size()); }
+  // How many stand open.
+  std::size_t simCopyCount() const { return open_.size(); }
 
   Signal<> copied;
 

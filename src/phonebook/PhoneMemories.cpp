@@ -1,6 +1,7 @@
 #include "phonebook/PhoneMemories.h"
 
 #include "codecs/Faults.h"
+#include "codecs/Numbers.h"
 #include "codecs/vcard.h"
 #include "phonebook/ContactRecord.h"
 
@@ -8,22 +9,15 @@ namespace tessarin {
 
 namespace {
 
-constexpr TextView kSimStorage = u"\"SM\"";
 constexpr TextView kFailed = u"-1";
 constexpr int kNewEntry = 1;
 constexpr std::size_t kLuidLength = 12;
-
-// What the phone calls the entry: field 1 behind the letter of the memory.
-Text IdentifierOf(const clsT610Contact& contact) {
-  const Text& id = contact.GetData(clsT610Contact::kMobileId);
-  return id.empty() ? Text() : id.substr(1);
-}
 
 }  // namespace
 
 bool PhoneMemories::SelectSim() {
   link_.port.serial_flush();
-  return book_.SelectPhonebookStorage(kSimStorage);
+  return book_.SelectPhonebookStorage(ATPhonebook::kSim);
 }
 
 // A reply that makes no sense is one more way for a phone to refuse.
@@ -39,6 +33,20 @@ int PhoneMemories::FindFreeSimLocation() {
   }
 }
 
+bool PhoneMemories::ReadSimEntry(TextView location, SIMPhoneBookRecord& record) {
+  Text text;
+  std::vector<SIMPhoneBookRecord> records;
+  try {
+    if (!book_.ReadPhonebookRange(text, ReadNumber(location), 0)) return false;
+    ATPhonebook::ParseCPBRText(text, ATPhonebook::CountEntries(text), records);
+  } catch (const ConversionError&) {
+    return false;
+  }
+  if (records.empty()) return false;
+  record = records.front();
+  return true;
+}
+
 bool PhoneMemories::WriteSimEntry(TextView location, const SIMPhoneBookRecord& record) {
   return book_.WriteSIMEntry(location, record);
 }
@@ -52,30 +60,37 @@ bool PhoneMemories::OpenSession() {
   return link_.obex.ConnectIrmcSync(unused);
 }
 
-bool PhoneMemories::AddCard(const PhoneBookRecord& record, Text& luid) {
-  const std::string card = vcard::EncodeVCard(record);
-  const bool added = OpenSession() && link_.irmc.AddPhonebookEntry(card, luid);
+PhoneMemories::Outcome PhoneMemories::InSession(const std::function<bool()>& act) {
+  Outcome outcome = Outcome::NoSession;
+  if (OpenSession()) outcome = act() ? Outcome::Done : Outcome::Refused;
   link_.obex.EndOBEXSession();
-  return added;
+  return outcome;
 }
 
-bool PhoneMemories::ReplaceCard(TextView luid, const PhoneBookRecord& record) {
+PhoneMemories::Outcome PhoneMemories::AddCard(const PhoneBookRecord& record, Text& luid) {
   const std::string card = vcard::EncodeVCard(record);
-  const bool replaced = OpenSession() && link_.irmc.ReplacePhonebookEntry(luid, card);
-  link_.obex.EndOBEXSession();
-  return replaced;
+  const Outcome outcome = InSession([&] { return link_.irmc.AddPhonebookEntry(card, luid); });
+  if (outcome == Outcome::Done) written_.insert_or_assign(luid, record);
+  return outcome;
+}
+
+PhoneMemories::Outcome PhoneMemories::ReplaceCard(TextView luid, const PhoneBookRecord& record) {
+  const std::string card = vcard::EncodeVCard(record);
+  const Outcome outcome = InSession([&] { return link_.irmc.ReplacePhonebookEntry(luid, card); });
+  if (outcome == Outcome::Done) written_.insert_or_assign(Text(luid), record);
+  return outcome;
 }
 
 // The delete packet's lengths are those of twelve characters; with others the phone would wait for
 // more than comes, and the program for the phone.
-PhoneMemories::Deleted PhoneMemories::DeleteCard(TextView luid) {
-  if (luid.size() != kLuidLength) return Deleted::No;
-  Deleted result = Deleted::NoSession;
-  if (OpenSession()) {
-    result = link_.irmc.DeletePhonebookEntry(luid) ? Deleted::Yes : Deleted::No;
-  }
-  link_.obex.EndOBEXSession();
-  return result;
+PhoneMemories::Outcome PhoneMemories::DeleteCard(TextView luid) {
+  if (luid.size() != kLuidLength) return Outcome::Nameless;
+  return InSession([&] { return link_.irmc.DeletePhonebookEntry(luid); });
+}
+
+const PhoneBookRecord* PhoneMemories::LastWritten(TextView luid) const {
+  const auto found = written_.find(luid);
+  return found == written_.end() ? nullptr : &found->second;
 }
 
 Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode) {
@@ -86,11 +101,11 @@ Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind,
 
 Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode) {
   SIMPhoneBookRecord record;
-  record.Text = contact.GetData(clsT610Contact::kName);
-  record.Number = contact.GetData(clsT610Contact::kHome);
+  record.Text = OneLine(contact.GetData(clsT610Contact::kName));
+  record.Number = OneLine(contact.GetData(clsT610Contact::kHome));
   if (!SelectSim()) return {};
   if (mode != kNewEntry) {
-    return WriteSimEntry(IdentifierOf(contact), record) ? Text() : Text(kFailed);
+    return WriteSimEntry(contact.Identifier(), record) ? Text() : Text(kFailed);
   }
   const int free = FindFreeSimLocation();
   const Text location = ToText(free);
@@ -100,16 +115,11 @@ Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode) {
 }
 
 Text PhoneMemories::WriteToPhone(const clsT610Contact& contact, int mode) {
-  const std::string card = vcard::EncodeVCard(RecordOf(contact));
+  const PhoneBookRecord record = RecordOf(contact);
   Text result;
-  if (OpenSession()) {
-    const bool written = mode == kNewEntry
-                             ? link_.irmc.AddPhonebookEntry(card, result)
-                             : link_.irmc.ReplacePhonebookEntry(IdentifierOf(contact), card);
-    if (!written) result = kFailed;
-  }
-  link_.obex.EndOBEXSession();
-  return result;
+  const Outcome outcome =
+      mode == kNewEntry ? AddCard(record, result) : ReplaceCard(contact.Identifier(), record);
+  return outcome == Outcome::Refused ? Text(kFailed) : result;
 }
 
 }  // namespace tessarin

@@ -3,6 +3,9 @@
 // Single contacts in the two memories of the phone: SIM entries by AT commands, phone memory as
 // cards, each in an OBEX session of its own.
 
+#include <functional>
+#include <map>
+
 #include "codecs/ATPhonebook.h"
 #include "codecs/PhoneBookRecord.h"
 #include "core/PhoneLink.h"
@@ -24,15 +27,21 @@ class PhoneMemories {
   // The lowest free location of the selected SIM, 0 when it is full or does not answer. A SIM whose
   // range is not known yet is asked for it.
   int FindFreeSimLocation();
+  // What stands at that location of the selected SIM; false when nothing does.
+  [[nodiscard]] bool ReadSimEntry(TextView location, SIMPhoneBookRecord& record);
   [[nodiscard]] bool WriteSimEntry(TextView location, const SIMPhoneBookRecord& record);
   [[nodiscard]] bool DeleteSimEntry(TextView location);
 
+  // What came of an act on a card, which takes a session of its own. A card whose identifier is not
+  // of 12 characters cannot be named to a phone that is to delete it.
+  enum class Outcome { Done, Refused, NoSession, Nameless };
   // `luid` gets the phone's identifier of the new card.
-  [[nodiscard]] bool AddCard(const PhoneBookRecord& record, Text& luid);
-  [[nodiscard]] bool ReplaceCard(TextView luid, const PhoneBookRecord& record);
-  enum class Deleted { Yes, No, NoSession };
-  // A card whose identifier is not of 12 characters cannot be named to the phone: No.
-  Deleted DeleteCard(TextView luid);
+  Outcome AddCard(const PhoneBookRecord& record, Text& luid);
+  Outcome ReplaceCard(TextView luid, const PhoneBookRecord& record);
+  Outcome DeleteCard(TextView luid);
+  // What was last written to that card since phone memory was read, or null.
+  const PhoneBookRecord* LastWritten(TextView luid) const;
+  void ForgetWritten() { written_.clear(); }
 
   // Writes the contact to that memory: as a new entry when `mode` is 1, else over the one that its
   // field 1 names. "-1" when the phone refused. Otherwise empty text, but for a new entry the
@@ -42,12 +51,14 @@ class PhoneMemories {
 
  private:
   bool OpenSession();
+  Outcome InSession(const std::function<bool()>& act);
   Text WriteToSim(clsT610Contact& contact, int mode);
   Text WriteToPhone(const clsT610Contact& contact, int mode);
 
   Session& session_;
   PhoneLink link_;
   ATPhonebook book_;
+  std::map<Text, PhoneBookRecord, std::less<>> written_;  // by LUID
 };
 
 }  // namespace tessarin

@@ -1,10 +1,12 @@
 #include "phonebook/PhonebookPage.h"
 
 #include <algorithm>
+#include <set>
 
 #include "codecs/Faults.h"
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
+#include "phonebook/ContactDeletion.h"
 #include "phonebook/ContactTexts.h"
 
 namespace tessarin {
@@ -16,6 +18,32 @@ namespace words = text::interface_;
 constexpr char16_t kSimNode[] = u"SM";
 constexpr char16_t kPhoneNode[] = u"ME";
 constexpr int kNameColumn = 0;
+
+struct Selection {
+  std::set<std::string> keys;
+  std::string current;
+};
+
+Selection SelectionOf(const ListView& list) {
+  Selection selection;
+  for (const ListRow& row : list.rows()) {
+    if (row.selected) selection.keys.insert(row.key);
+  }
+  if (list.Current() >= 0) selection.current = list.Row(list.Current()).key;
+  return selection;
+}
+
+void Select(ListView& list, const Selection& selection) {
+  std::vector<int> selected;
+  int current = -1;
+  for (int row = 0; row < list.Count(); ++row) {
+    const std::string& key = list.Row(row).key;
+    if (selection.keys.count(key) != 0) selected.push_back(row);
+    if (selection.current == key) current = row;
+  }
+  list.SelectByUser(selected, current);
+  list.changed();
+}
 
 }  // namespace
 
@@ -35,6 +63,7 @@ PhonebookPage::PhonebookPage(TessarinMenu& session, const PhoneLink& link,
   auto& workers = busyWindow_.workers();
   workers.Set(worker::kSIMPhonebookLoading, [this] { SIMPhonebookLoading(); });
   workers.Set(worker::kPMPhonebookLoading, [this] { PMPhonebookLoading(); });
+  workers.Set(worker::kDeleteContacts, [this] { DeleteContacts(); });
   workers.Set(worker::kCopyPhoneToSIM, [this] { copyDialogs_.CopyPhoneToSIM(); });
   auto& list = session_.lvwPhonePhonebook;
   list.multipleSelection = true;
@@ -49,7 +78,7 @@ PhonebookPage::PhonebookPage(TessarinMenu& session, const PhoneLink& link,
     session_.MainMenu.PopUp(onSim ? "mnuClickPhonebook" : "mnuClickPMPhonebook");
   });
   session_.tvwPhonePhonebook.nodeClicked.Always([this] { NodeClicked(); });
-  editor_.written.Always([this](const Text&) { ShowAgain(); });
+  editor_.written.Always([this](const Text& id) { ShowWritten(id); });
   copyDialogs_.copied.Always([this] { ShowAgain(); });
 }
 
@@ -75,6 +104,8 @@ void PhonebookPage::AddNodes() {
 
 void PhonebookPage::PhoneFound() {
   session_.simMinIndex = session_.simMaxIndex = 0;  // another phone may have another SIM
+  memories_.ForgetWritten();
+  editor_.PhoneFound();
   SIMLoaded_ = PMLoaded_ = false;
   AddNodes();
   ShowAgain();
@@ -190,38 +221,43 @@ bool PhonebookPage::Read(char16_t kind, bar& bars) {
   const bool onSim = kind == PhoneMemories::kSim;
   const bool read = onSim ? reader_.ReadSim(bars) : reader_.ReadPhone(bars);
   bool& loaded = onSim ? SIMLoaded_ : PMLoaded_;
+  if (read && !onSim) memories_.ForgetWritten();
   loaded = loaded || read;
   return read;
 }
 
+// What is selected stays so, as long as its memory is shown.
 void PhonebookPage::ShowPhonebookList(char16_t kind) {
   auto& list = session_.lvwPhonePhonebook;
+  const auto selection = SelectionOf(list);
   auto rows = ContactRows(*lists_.phoneContacts, kind, session_.language());
   list.sortColumn = kNameColumn;
   list.sortAscending = true;
   SortRows(rows, kNameColumn, true);
   list.Fill(std::move(rows));
-  SelectionChanged();
+  Select(list, selection);
+}
+
+void PhonebookPage::ShowWritten(const Text& mobileId) {
+  ShowAgain();
+  const int position = lists_.phoneContacts->FindExistingMobileID(mobileId);
+  const std::string key = KeyOf(position);
+  const auto& rows = session_.lvwPhonePhonebook.rows();
+  if (std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row.key == key; })) {
+    Select(session_.lvwPhonePhonebook, {{key}, key});
+  }
 }
 
 // A click on the head of the sorted column turns the order round. What was selected stays so.
 void PhonebookPage::ColumnClicked(int column) {
   auto& list = session_.lvwPhonePhonebook;
-  const std::string current = list.Current() < 0 ? "" : list.Row(list.Current()).key;
+  const auto selection = SelectionOf(list);
   list.sortAscending = list.sortColumn() != column || !list.sortAscending();
   list.sortColumn = column;
   auto rows = list.rows();
   SortRows(rows, column, list.sortAscending);
-  std::vector<int> selected;
-  int currentRow = -1;
-  for (int row = 0; row < list.Count(); ++row) {
-    const ListRow& sorted = rows[static_cast<std::size_t>(row)];
-    if (sorted.selected) selected.push_back(row);
-    if (sorted.key == current) currentRow = row;
-  }
   list.Fill(std::move(rows));
-  list.SelectByUser(selected, currentRow);
-  list.changed();
+  Select(list, selection);
 }
 
 void PhonebookPage::SelectionChanged() {
@@ -262,7 +298,6 @@ std::vector<int> PhonebookPage::SelectedPositions() const {
   for (const ListRow& row : session_.lvwPhonePhonebook.rows()) {
     if (row.selected) positions.push_back(PositionOf(row));
   }
-  std::sort(positions.rbegin(), positions.rend());
   return positions;
 }
 
@@ -270,40 +305,29 @@ void PhonebookPage::EditSelectedContact() {
   const auto& list = session_.lvwPhonePhonebook;
   const int current = list.Current();
   const bool hasCurrent = current >= 0 && list.Row(current).selected;
-  const int position = hasCurrent ? PositionOf(list.Row(current)) : SelectedPositions().back();
+  const int position = hasCurrent ? PositionOf(list.Row(current)) : SelectedPositions().front();
   editor_.OpenEdit(lists_.phoneContacts->item(position), Kind());
 }
 
-// From the highest position down, so that removing one never moves another that is still to go.
 void PhonebookPage::DeleteSelectedContacts() {
-  const auto positions = SelectedPositions();
+  toDelete_ = SelectedPositions();
   session_.lvwPhonePhonebook.Clear();  // its rows name positions that are about to move
   SelectionChanged();
-  for (const int position : positions) {
-    if (!DeleteOne(position)) break;
-  }
+  allDeleted_ = false;
+  busyWindow_.PhoneToPc(worker::kDeleteContacts,
+                        session_.language().getTSInterfaceStr(words::kWorkDeleteContacts));
+  busyWindow_.Work();
+  if (!allDeleted_) session_.ShowError(text::error::kDeleteContact);
   session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kContactsDeleted));
   ShowAgain();
   session_.SetCommandIdle();
 }
 
-bool PhonebookPage::DeleteOne(int position) {
-  const Text id = lists_.phoneContacts->item(position).GetData(clsT610Contact::kMobileId).substr(1);
-  if (Kind() == PhoneMemories::kSim) {
-    if (!memories_.SelectSim()) return true;
-    if (!memories_.DeleteSimEntry(id)) {
-      session_.ShowError(text::error::kDeleteContact);
-      return false;
-    }
-  } else {
-    const auto deleted = memories_.DeleteCard(id);
-    if (deleted != PhoneMemories::Deleted::Yes) {
-      session_.ShowError(text::error::kDeleteContact);
-      return deleted == PhoneMemories::Deleted::NoSession;
-    }
-  }
-  lists_.phoneContacts->Remove(position);
-  return true;
+void PhonebookPage::DeleteContacts() {
+  const int total = static_cast<int>(toDelete_.size());
+  allDeleted_ = ContactDeletion(lists_, memories_).Delete(toDelete_, [this, total](int done) {
+    busyWindow_.Counted(done, total);
+  });
 }
 
 void PhonebookPage::SaveContacts() {

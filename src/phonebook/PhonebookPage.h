@@ -58,6 +58,7 @@ class PhonebookPage : public Page {
   // Workers.
   void SIMPhonebookLoading() { Load(PhoneMemories::kSim); }
   void PMPhonebookLoading() { Load(PhoneMemories::kPhone); }
+  void DeleteContacts();
 
   void Load(char16_t kind);
   bool Read(char16_t kind, bar& bars);
@@ -70,10 +71,10 @@ class PhonebookPage : public Page {
   void EditSelectedContact();
   void SaveContacts();
   void OpenCopyDialogs();
-  // False ends the deleting of further contacts.
-  bool DeleteOne(int position);
+  // Shows the selected memory anew and selects that contact in it.
+  void ShowWritten(const Text& mobileId);
 
-  // Positions in the mobile list of the selected rows, highest first.
+  // Positions in the mobile list of the selected rows, from the first row on.
   std::vector<int> SelectedPositions() const;
 
   TessarinMenu& session_;
@@ -89,6 +90,8 @@ class PhonebookPage : public Page {
   bool SIMLoaded_ = false;  // read in this connection
   bool PMLoaded_ = false;
   bool loading_ = false;
+  std::vector<int> toDelete_;  // positions, for the worker
+  bool allDeleted_ = false;
 };
 
 }  // namespace tessarin

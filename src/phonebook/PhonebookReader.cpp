@@ -10,8 +10,6 @@ namespace tessarin {
 
 namespace {
 
-constexpr int kBatch = 10;  // slow phones are not asked for more places at once
-
 void Move(bar& bars, ProgressBar& part, int value) {
   part.value = value;
   bars.Refresh();
@@ -22,13 +20,6 @@ void Move(bar& bars, ProgressBar& part, int value) {
 PhonebookReader::PhonebookReader(TessarinMenu& session, const PhoneLink& link,
                                  PhonebookLists& lists)
     : session_(session), link_(link), lists_(lists), book_(link.com) {}
-
-std::shared_ptr<clsT610Contact> PhonebookReader::NewContact() const {
-  auto contact = std::make_shared<clsT610Contact>();
-  contact->LetData(Text(clsT610ContactList::GetTEMPID()), clsT610Contact::kGuid);
-  contact->LetData(modDate::FormatDateText(session_.clock().Now()), clsT610Contact::kModified);
-  return contact;
-}
 
 bool PhonebookReader::ReadSim(bar& bars) {
   Text text;
@@ -47,14 +38,15 @@ bool PhonebookReader::ReadSim(bar& bars) {
 // The range is asked for before the storage is selected: these phones tell the SIM's.
 bool PhonebookReader::ReadSimText(Text& text, bar& bars) {
   if (!book_.GetPhonebookRange(session_.simMinIndex, session_.simMaxIndex)) return false;
-  if (!book_.SelectPhonebookStorage(u"\"SM\"")) return false;
+  if (!book_.SelectPhonebookStorage(ATPhonebook::kSim)) return false;
   const int last = session_.simMaxIndex;
-  for (int first = session_.simMinIndex; first <= last; first += kBatch) {
-    const int end = std::min(first + kBatch - 1, last);
+  if (session_.simMinIndex < 0 || last < session_.simMinIndex) return false;
+  for (int first = session_.simMinIndex; first <= last; first += ATPhonebook::kBatch) {
+    const int end = std::min(first + ATPhonebook::kBatch - 1, last);
     Text batch;
     if (!book_.ReadPhonebookRange(batch, first, end)) return false;
     text += batch;
-    Move(bars, bars.simBar, end * bar::kSimLength / std::max(last, 1));
+    Move(bars, bars.simBar, last == 0 ? bar::kSimLength : end * bar::kSimLength / last);
   }
   return true;
 }
@@ -63,7 +55,7 @@ void PhonebookReader::TakeSim(const std::vector<SIMPhoneBookRecord>& records) {
   auto& list = *lists_.phoneContacts;
   list.ClearAllSIMRecord();
   for (const auto& record : records) {
-    auto contact = NewContact();
+    auto contact = NewContact(session_.clock());
     contact->LetData(u"s" + ToText(record.Index), clsT610Contact::kMobileId);
     contact->LetData(record.Text.Trimmed(), clsT610Contact::kName);
     contact->LetData(record.Number.Trimmed(), clsT610Contact::kHome);
@@ -107,7 +99,7 @@ void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, int
   list.ClearAllPMRecord();
   const int count = static_cast<int>(records.size());
   for (int index = 0; index < count; ++index) {
-    auto contact = NewContact();
+    auto contact = NewContact(session_.clock());
     TakeReadRecord(records[static_cast<std::size_t>(index)], *contact);
     list.Add(std::move(contact));
     bars.phoneBar.value = bar::kPhoneLength * (index + 1) / count;

@@ -29,8 +29,6 @@ class PhonebookReader {
   bool ReadObject(int& count, Text& text, bar& bars);
   // `counted` is how many the phone says there are.
   void TakePhone(const std::vector<PhoneBookRecord>& records, int counted, bar& bars);
-  // A contact that was never linked to Outlook and changed just now.
-  std::shared_ptr<clsT610Contact> NewContact() const;
 
   TessarinMenu& session_;
   PhoneLink link_;

@@ -40,6 +40,8 @@ class clsT610Contact {
 
   // Whether the contact is in that memory of the phone: "s" the SIM, "p" the phone's own.
   bool IsIn(char16_t kind) const { return GetData(kMobileId).starts_with(kind); }
+  // What the phone calls it there: the LUID or the location. Empty when it has no such name.
+  Text Identifier() const { return GetData(kMobileId).substr(GetData(kMobileId).empty() ? 0 : 1); }
 
  private:
   std::array<Text, kFields> fields_;

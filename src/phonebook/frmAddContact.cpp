@@ -72,26 +72,28 @@ void frmAddContact::OpenNew(char16_t kind) {
 }
 
 void frmAddContact::OpenEdit(const Contact& contact, char16_t kind) {
-  const Text& id = contact.GetData(Contact::kMobileId);
-  editID_ = id.empty() ? Text() : id.substr(1);
+  editID_ = contact.Identifier();
   isEdit_ = true;
   editIndex_ = 0;
+  opened_ = contact;
+  openedSerial_ = session_.phoneSerial;
+  isOtherConnection_ = false;
   Prepare(words::kContactEditTitle, kind, false);
   Fill(&contact);
+  if (kind == PhoneMemories::kPhone) FillStreets();
   Show(Modality::Modal);
 }
 
-bool frmAddContact::OpenRecord(int editIndex) {
+void frmAddContact::OpenRecord(int editIndex) {
   editID_.clear();
   editIndex_ = editIndex;
-  accepted_ = false;
   Prepare(words::kMenuEdit, PhoneMemories::kPhone, false);
+  LiftWidths();
   for (Control* control : std::initializer_list<Control*>{&lblSaveIn, &Option1, &Option2}) {
     control->visible = false;
   }
   Fill(&lists_.tscContacts->item(editIndex));
   Show(Modality::Modal);
-  return accepted_;
 }
 
 void frmAddContact::Prepare(int captionIndex, char16_t kind, bool choice) {
@@ -106,8 +108,17 @@ void frmAddContact::Prepare(int captionIndex, char16_t kind, bool choice) {
 void frmAddContact::Fill(const Contact* contact) {
   for (const auto& [field, box] : Rows()) {
     const bool has = contact != nullptr && box->enabled;
-    box->text = has ? Shown(contact->GetData(field)) : Text();
+    box->text = has ? OneLine(contact->GetData(field)) : Text();
   }
+}
+
+// After a contact was written the list has its work street in the home street's place, until the
+// phone is read again. What went to the phone is what the next change starts from.
+void frmAddContact::FillStreets() {
+  const PhoneBookRecord* card = memories_.LastWritten(editID_);
+  if (card == nullptr) return;
+  HomeAddress[0].text = card->HomeStreet.Trimmed();
+  WorkAddress[0].text = card->WorkStreet.Trimmed();
 }
 
 void frmAddContact::ChooseMemory(bool onSim) {
@@ -135,6 +146,11 @@ void frmAddContact::SetWidths(bool onSim) {
       box.maximumLength = static_cast<int>(decltype(Card::HomeStreet)::size());
     }
   }
+}
+
+// The own book has no such fields, and Outlook's texts may be longer.
+void frmAddContact::LiftWidths() {
+  for (const auto& [field, box] : Rows()) box->maximumLength = 0;
 }
 
 void frmAddContact::FormLoad() { ApplyWords(); }
@@ -175,24 +191,38 @@ void frmAddContact::ApplyWords() {
 // on finding them so.
 void frmAddContact::SaveRecord() {
   Contact& record = lists_.tscContacts->item(editIndex_);
-  for (const auto& [field, box] : Rows()) record.LetData(box->text, field);
+  for (const auto& [field, box] : Rows()) {
+    // A box shows one line only; a text that nobody touched keeps all of its own.
+    if (box->text() != OneLine(record.GetData(field))) record.LetData(box->text, field);
+  }
   record.LetData(Text4.text, Contact::kEmail2);
   record.LetData(Text6.text, Contact::kEmail3);
   record.LetData(modDate::FormatDateText(session_.clock().Now()), Contact::kModified);
-  accepted_ = true;
   Unload();
 }
 
 void frmAddContact::AddOrEditPhoneBook() {
   if (IsLoaded()) {
-    // The phone gave no name for such an entry; writing it would add it once more.
-    const bool isNameless = isEdit_ && editID_.empty();
-    const bool done = isNameless        ? Refuse(text::error::kWriteContact)
+    const bool done = !CanBeWritten()   ? Refuse(text::error::kWriteContact)
                       : Option1.checked ? WriteToSim()
                                         : WriteToPhone();
     if (done) Unload();
   }
   session_.SetCommandIdle();
+}
+
+// An entry that the phone gave no name for would be added once more. On another phone that name
+// stands for somebody else.
+bool frmAddContact::CanBeWritten() const {
+  return !isEdit_ || (!editID_.empty() && openedSerial_ == session_.phoneSerial);
+}
+
+// The SIM may have been changed while its phone was away.
+bool frmAddContact::IsStillOnSim() {
+  SIMPhoneBookRecord there;
+  return memories_.ReadSimEntry(editID_, there) &&
+         there.Text.Trimmed() == TrimBlanks(opened_.GetData(Contact::kName)) &&
+         there.Number.Trimmed() == TrimBlanks(opened_.GetData(Contact::kHome));
 }
 
 bool frmAddContact::Refuse(int errorIndex) {
@@ -212,6 +242,7 @@ bool frmAddContact::WriteToSim() {
   if (entry.Number.Trimmed().empty()) return Refuse(text::error::kNumberMissing);
   if (NumberIsRefused(Text2[0].text)) return Refuse(text::error::kPhoneNumber);
   if (!memories_.SelectSim()) return Refuse(text::error::kWriteContact);
+  if (isEdit_ && isOtherConnection_ && !IsStillOnSim()) return Refuse(text::error::kWriteContact);
   Text location = editID_;
   if (location.empty()) {
     const int free = memories_.FindFreeSimLocation();
@@ -239,9 +270,9 @@ bool frmAddContact::WriteToPhone() {
   for (const auto& [field, box] : Rows()) typed.LetData(TrimBlanks(box->text()), field);
   const PhoneBookRecord card = RecordOf(typed);
   Text luid = editID_;
-  const bool done =
+  const auto outcome =
       editID_.empty() ? memories_.AddCard(card, luid) : memories_.ReplaceCard(luid, card);
-  if (!done) return Refuse(text::error::kWriteContact);
+  if (outcome != PhoneMemories::Outcome::Done) return Refuse(text::error::kWriteContact);
   TakeWrittenRecord(card, Record(editID_.empty() ? Text() : u"p" + editID_, u"p" + luid));
   return Finish(u"p" + luid);
 }
@@ -250,9 +281,7 @@ clsT610Contact& frmAddContact::Record(const Text& oldId, const Text& newId) {
   auto& list = *lists_.phoneContacts;
   int index = oldId.empty() ? -1 : list.FindExistingMobileID(oldId);
   if (index == -1) {
-    auto made = std::make_shared<Contact>();
-    made->LetData(Text(clsT610ContactList::GetTEMPID()), Contact::kGuid);
-    list.Add(std::move(made));
+    list.Add(NewContact(session_.clock()));
     index = list.Count();
   }
   Contact& record = list.item(index);

@@ -4,7 +4,6 @@
 // book.
 
 #include <array>
-#include <functional>
 #include <utility>
 #include <vector>
 
@@ -76,8 +75,10 @@ class frmAddContact : public Window {
   void OpenNew(char16_t kind);
   void OpenEdit(const clsT610Contact& contact, char16_t kind);
   // Edits the contact of `tscContacts` at that position. OK changes it at once; nothing goes to the
-  // phone. Gives whether the user pressed OK.
-  bool OpenRecord(int editIndex);
+  // phone.
+  void OpenRecord(int editIndex);
+  // A phone was found while the window may stand open: what is being edited may be on another one.
+  void PhoneFound() { isOtherConnection_ = true; }
 
   // The contact that was written to the phone stands in the mobile list, under this field 1.
   Signal<const Text&> written;
@@ -92,13 +93,18 @@ class frmAddContact : public Window {
   std::vector<TextBox*> BoxesOfPhone();
   void Prepare(int captionIndex, char16_t kind, bool choice);
   void Fill(const clsT610Contact* contact);
+  void FillStreets();
   void ChooseMemory(bool onSim);
   void SetWidths(bool onSim);
+  void LiftWidths();
   void ApplyWords();
   void SaveRecord();
 
   // The job. False when nothing was written; the form then stays open.
   void AddOrEditPhoneBook();
+  // Whether the entry that is edited can be named and is still the one that was opened.
+  bool CanBeWritten() const;
+  bool IsStillOnSim();
   bool WriteToSim();
   bool WriteToPhone();
   bool Refuse(int errorIndex);
@@ -112,9 +118,11 @@ class frmAddContact : public Window {
   PhoneMemories& memories_;
   Text editID_;          // on the phone: location or LUID; empty for a new contact
   bool isEdit_ = false;  // of an entry on the phone
-  int editIndex_ = 0;    // in `tscContacts`; 0 when the phone is written
+  clsT610Contact opened_;
+  Text openedSerial_;  // of the phone that it is on
+  bool isOtherConnection_ = false;
+  int editIndex_ = 0;  // in `tscContacts`; 0 when the phone is written
   int captionIndex_ = 0;
-  bool accepted_ = false;
 };
 
 }  // namespace tessarin

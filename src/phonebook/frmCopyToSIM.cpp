@@ -2,6 +2,7 @@
 
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
+#include "phonebook/ContactRecord.h"
 
 namespace tessarin {
 
@@ -60,10 +61,8 @@ void frmCopyToSIM::CopyContactToSIM() {
     session_.ShowError(text::error::kCopyToSim);
     return;
   }
-  auto contact = std::make_shared<clsT610Contact>();
-  contact->LetData(Text(clsT610ContactList::GetTEMPID()), clsT610Contact::kGuid);
+  auto contact = NewContact(session_.clock());
   contact->LetData(u"s" + location, clsT610Contact::kMobileId);
-  contact->LetData(modDate::FormatDateText(session_.clock().Now()), clsT610Contact::kModified);
   contact->LetData(record.Text.Value(), clsT610Contact::kName);
   contact->LetData(record.Number.Value(), clsT610Contact::kHome);
   lists_.phoneContacts->Add(std::move(contact));

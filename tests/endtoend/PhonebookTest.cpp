@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "codecs/ListFile.h"
+#include "phonebook/ContactRecord.h"
 #include "tests/endtoend/EndToEnd.h"
 
 namespace tessarin {
@@ -38,6 +40,34 @@ class PhonebookTest : public EndToEnd {
   bool Click(const Text& node) {
     return Does([&] { session.tvwPhonePhonebook.SelectByUser(node); });
   }
+  void Select(const std::vector<int>& rows) {
+    host.RunEvent([&] { session.lvwPhonePhonebook.SelectByUser(rows, rows.back()); });
+  }
+  bool Do(const char* action) {
+    return Does([&] { session.Toolbar1.clicked(action); });
+  }
+  // What is typed into the editor before OK is pressed.
+  void WhenEdited(const std::function<void(frmAddContact&)>& type) {
+    host.WhenShown("frmAddContact", [type](Window& window) {
+      type(static_cast<frmAddContact&>(window));
+      ScriptedHost::Press(window, "Command1");
+    });
+  }
+  bool ReadsBothMemories() {
+    AnswerAsking("Command1");
+    if (!StartsAndConnects()) return false;
+    Does([this] { session.Toolbar2.clicked("Phonebook"); });
+    return session.lvwPhonePhonebook.Count() > 0;
+  }
+  // As a synchronisation would leave it: linked, at an earlier time.
+  void LinkAll() {
+    for (const auto& contact : Contacts()) {
+      contact->LetData(u"entry " + contact->GetData(Contact::kMobileId), Contact::kGuid);
+      contact->LetData(u"01/01/2004 00:00:00", Contact::kModified);
+    }
+    program.phonebookLists().SavePhoneContacts();
+  }
+  Text SaidLast() const { return host.boxes.empty() ? Text() : host.boxes.back().text; }
 };
 
 TEST_F(PhonebookTest, AskedToReadItShowsBothBarsAndKeepsEverything) {
@@ -58,11 +88,7 @@ TEST_F(PhonebookTest, AskedToReadItShowsBothBarsAndKeepsEverything) {
   EXPECT_EQ(Shown(), (Names{u"Ben Dale", u"王芳"}));
   ASSERT_TRUE(Click(u"SM"));
   EXPECT_EQ(Shown(), (Names{u"Anna", u"Žofie"}));
-  // As a synchronisation would leave it: linked, at an earlier time.
-  for (const auto& contact : Contacts()) {
-    contact->LetData(u"entry " + contact->GetData(Contact::kMobileId), Contact::kGuid);
-    contact->LetData(u"01/01/2004 00:00:00", Contact::kModified);
-  }
+  LinkAll();
   host.RequestEnd();
   EXPECT_EQ(Lines(Mobile()), 4);
 
@@ -118,21 +144,162 @@ TEST_F(PhonebookTest, ALineLostWhileTheSimIsReadIsFoundAgain) {
 }
 
 // An OBEX reply is waited for until the program is ended, and what it knows is kept then.
-TEST_F(PhonebookTest, ALineLostWhilePhoneMemoryIsReadCostsNothing) {
-  const std::string saved = "0042,00700039" + std::string(22, ',') + "\r\n";
-  folder.Write("app/Pb/ContactMobile.dat", saved);
-  ASSERT_TRUE(StartsAndConnects());
-  Does([this] { session.Toolbar2.clicked("Phonebook"); });
-  ASSERT_TRUE(Click(u"SM"));
-  Behave([&](phonesim::Behaviour& b) { b.dropAfterRequests = 4; });
+struct Loss {
+  const char* name;
+  std::size_t answered;  // so many requests of the job; the reply to the next one never comes
+  void (*act)(PhonebookTest&);
+};
+
+void PrintTo(const Loss& loss, std::ostream* out) { *out << loss.name; }
+
+class LosingTheLine : public PhonebookTest, public testing::WithParamInterface<Loss> {
+ public:
+  static void Reading(PhonebookTest& test) { Press(test, "Refresh"); }
+  static void Deleting(PhonebookTest& test) {
+    Choose(test);
+    Press(test, "Delete");
+  }
+  static void Adding(PhonebookTest& test) { Writing(test, "New"); }
+  static void Replacing(PhonebookTest& test) {
+    Choose(test);
+    Writing(test, "Edit");
+  }
+
+ private:
+  static LosingTheLine& Of(PhonebookTest& test) { return static_cast<LosingTheLine&>(test); }
+  static void Choose(PhonebookTest& test) { Of(test).Select({0}); }
+  static void Press(PhonebookTest& test, const char* action) {
+    auto& self = Of(test);
+    self.host.RunEvent([&] { self.session.Toolbar1.clicked(action); });
+  }
+  static void Writing(PhonebookTest& test, const char* action) {
+    Of(test).WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"Written"; });
+    Press(test, action);
+  }
+};
+
+TEST_P(LosingTheLine, InASessionCostsNoneOfTheLinks) {
+  ASSERT_TRUE(ReadsBothMemories());
+  LinkAll();
+  Behave([](phonesim::Behaviour& b) { b.dropAfterRequests = GetParam().answered; });
   int waits = 0;
   host.whileWaiting = [&] {
     if (!phone.LineUp() && ++waits == 20) host.RequestEnd();
   };
-  host.RunEvent([&] { session.tvwPhonePhonebook.SelectByUser(u"ME"); });
+  GetParam().act(*this);
   EXPECT_TRUE(host.RunUntilQuit());
-  EXPECT_EQ(Lines(Mobile()), 3);
-  EXPECT_TRUE(Mobile().ends_with(saved)) << Mobile();
+  EXPECT_TRUE(host.boxes.empty());
+  ASSERT_EQ(Lines(Mobile()), 4);
+  for (const auto& line : ListFile::ReadLines(folder.Path() / "app/Pb/ContactMobile.dat")) {
+    const auto fields = clsT610ContactList::DecodeContactStr(line);
+    EXPECT_EQ(fields.at(Contact::kGuid), u"entry " + fields.at(Contact::kMobileId));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Phonebook, LosingTheLine,
+                         testing::Values(Loss{"BeforeIt", 0, LosingTheLine::Reading},
+                                         Loss{"AtItsConnect", 2, LosingTheLine::Reading},
+                                         Loss{"AtTheLog", 3, LosingTheLine::Reading},
+                                         Loss{"AtTheObject", 4, LosingTheLine::Reading},
+                                         Loss{"AtTheCounter", 5, LosingTheLine::Reading},
+                                         Loss{"AtItsEnd", 6, LosingTheLine::Reading},
+                                         Loss{"AtAnAdd", 3, LosingTheLine::Adding},
+                                         Loss{"AtAReplace", 3, LosingTheLine::Replacing},
+                                         Loss{"AtADelete", 3, LosingTheLine::Deleting}),
+                         [](const auto& instance) { return instance.param.name; });
+
+// A whole afternoon with both memories, and the next start shows what was left.
+TEST_F(PhonebookTest, WorksOnBothMemoriesAndFindsEverythingAgain) {
+  using phonesim::Fields;
+  std::vector<Fields> cards;
+  for (const char* name : {"a", "b", "c", "d", "e", "f"}) cards.push_back({{"given", name}});
+  cards[0] = {{"given", "a"},      {"home", "1"},
+              {"work", "2"},       {"cell", "3"},
+              {"fax", "4"},        {"other", "5"},
+              {"email1", "1@x"},   {"email2", "2@x"},
+              {"email3", "3@x"},   {"org", "Å"},
+              {"url", "http://x"}, {"home.street", "字"},
+              {"home.zip", "0H"},  {"work.street", "汉字"},
+              {"work.city", "W"}};
+  AtThePhone([&](Books& books) { books.contacts.Fill(cards); });
+  Behave([](phonesim::Behaviour& b) { b.sim.last = 5; });
+  ASSERT_TRUE(ReadsBothMemories());
+
+  Select({1, 4});
+  ASSERT_TRUE(Do("Delete"));
+  EXPECT_EQ(Shown(), (Names{u"a", u"c", u"d", u"f"}));
+  EXPECT_EQ(SaidLast(), session.language().getTSPromptStr(text::prompt::kContactsDeleted));
+
+  Select({0});
+  WhenEdited([](frmAddContact& editor) { editor.Text2[3].text = u"44"; });
+  ASSERT_TRUE(Do("Edit"));
+  cards[0]["fax"] = "44";
+  WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"王"; });
+  ASSERT_TRUE(Do("New"));
+  AtThePhone([&](Books& books) {
+    ASSERT_EQ(books.contacts.Entries().size(), 5u);
+    EXPECT_EQ(books.contacts.Entries()[0].fields, cards[0]);
+    EXPECT_EQ(books.contacts.Entries()[4].fields, (Fields{{"given", "王"}}));
+  });
+
+  // The dialogs of two contacts, each with a number for the SIM, which has three free places.
+  std::vector<frmCopyToSIM*> dialogs;
+  host.WhenShown("frmCopyToSIM", [&dialogs](Window& window) {
+    auto& dialog = static_cast<frmCopyToSIM&>(window);
+    dialogs.push_back(&dialog);
+    if (dialog.List1.Count() > 4) dialog.List1.Select(4);
+  });
+  Select({0});
+  const auto copy = [this] { session.MainMenu.clicked("copy_Phone_to_SIM"); };
+  host.RunEvent(copy);
+  host.RunEvent(copy);
+  ASSERT_EQ(dialogs.size(), 2u);
+  for (frmCopyToSIM* dialog : {dialogs[1], dialogs[0]}) {
+    EXPECT_TRUE(Does([&] { ScriptedHost::Press(*dialog, "Command1"); }));
+    EXPECT_EQ(SaidLast(), session.language().getTSPromptStr(text::prompt::kCopiedToSim));
+  }
+
+  ASSERT_TRUE(Click(u"SM"));
+  Select({3});
+  WhenEdited([](frmAddContact& editor) { editor.Text2[0].text = u"#2"; });
+  ASSERT_TRUE(Do("Edit"));
+  WhenEdited([](frmAddContact& editor) {
+    editor.Text1.text = u"last";
+    editor.Text2[0].text = u"0";
+  });
+  ASSERT_TRUE(Do("New"));
+  WhenEdited([](frmAddContact& editor) {
+    editor.Text1.text = u"too many";
+    editor.Text2[0].text = u"0";
+  });
+  host.whileBoxStands = [this] {
+    ScriptedHost::Press(program.phonebookPage().editor(), "Command2");
+  };
+  ASSERT_TRUE(Do("New"));
+  host.whileBoxStands = nullptr;
+  EXPECT_EQ(SaidLast(), session.language().getTSErrStr(text::error::kWriteContact));
+  const phonesim::SimBook::Entries sim = {{1, {"Anna", "+4917604069100"}},
+                                          {2, {"a", "5"}},
+                                          {3, {"a", "5"}},
+                                          {4, {"Žofie", "#2"}},
+                                          {5, {"last", "0"}}};
+  AtThePhone([&](Books& books) { EXPECT_EQ(books.sim.All(), sim); });
+  host.RequestEnd();
+
+  ScriptedHost second;
+  second.WhenShown("Asking", [](Window& asking) { ScriptedHost::Press(asking, "Command1"); });
+  Program again{second,
+                {folder.Path() / "app", TESSARIN_SHARE, folder.Path() / "registry.ini",
+                 folder.Path() / "no-devices"}};
+  again.session().Timer2.interval = 1;
+  again.Start();
+  ASSERT_TRUE(second.RunUntil([&] { return again.session().statusPhase == kPhonePresent; }));
+  Names names;
+  for (const auto& contact : *again.phonebookLists().phoneContacts) {
+    names.push_back(OneLine(contact->GetData(Contact::kName)));
+  }
+  EXPECT_EQ(names, (Names{u"Anna", u"a", u"a", u"Žofie", u"last", u"a", u"c", u"d", u"f", u"王"}));
+  second.RequestEnd();
 }
 
 }  // namespace

@@ -126,16 +126,53 @@ TEST_F(MemoriesTest, WritesAContactToPhoneMemory) {
 }
 
 TEST_F(MemoriesTest, DeletesACardThatItCanName) {
-  using Deleted = PhoneMemories::Deleted;
+  using Outcome = PhoneMemories::Outcome;
   Answers({kInAtMode, kConnect, kConnected, "A0 0003", kClosed});
-  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Deleted::Yes);
+  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Outcome::Done);
   Answers({kInAtMode, kConnect, kConnected, "C4 0003", kClosed});
-  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Deleted::No);
+  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Outcome::Refused);
   Answers({kInAtMode, kRefused, kInAtMode});
-  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Deleted::NoSession);
+  EXPECT_EQ(memories.DeleteCard(u"00000100002A"), Outcome::NoSession);
   Answers({});
-  EXPECT_EQ(memories.DeleteCard(u""), Deleted::No);
+  EXPECT_EQ(memories.DeleteCard(u""), Outcome::Nameless);
   EXPECT_TRUE(port.written.empty());
+}
+
+TEST_F(MemoriesTest, ReadsOnePlaceOfTheSim) {
+  const struct {
+    const char* answer;
+    bool there;
+  } cases[] = {{"0D0A '+CPBR: 7,\"12\",129,\"Ann\"' 0D0A 0D0A 'OK' 0D0A", true},
+               {kOk, false},
+               {kRefused, false},
+               {"0D0A '+CPBR:7,\"12\",129,\"Ann\"' 0D0A 0D0A 'OK' 0D0A", false}};
+  for (const auto& c : cases) {
+    SIMPhoneBookRecord entry;
+    Answers({c.answer});
+    ASSERT_EQ(memories.ReadSimEntry(u"7", entry), c.there) << c.answer;
+    EXPECT_EQ(port.written.back(), "AT+CPBR=7\r");
+    EXPECT_EQ(entry.Text.Trimmed(), c.there ? u"Ann" : u"");
+    EXPECT_EQ(entry.Number.Trimmed(), c.there ? u"12" : u"");
+  }
+}
+
+TEST(ContactRecordTest, PutsEveryTextIntoOneLine) {
+  const std::pair<Text, Text> cases[] = {
+      {u"Main St 1\r\nFlat 2", u"Main St 1 Flat 2"},
+      {u"a\rb\nc\td\n\re", u"a b c d e"},
+      {Text(u"Zo\u00EB\0", 4), u"Zo\u00EB"},
+      {u"\u0001a\u007F\u0085\u009F\u00A0\u6C49", u"a\u00A0\u6C49"},
+  };
+  for (const auto& [text, line] : cases) {
+    EXPECT_EQ(OneLine(text), line);
+    clsT610Contact contact;
+    for (int field = 3; field < clsT610Contact::kFields; ++field) contact.LetData(text, field);
+    const PhoneBookRecord record = RecordOf(contact);
+    EXPECT_EQ(record.Name.Trimmed(), line);
+    EXPECT_EQ(record.TelOther.Trimmed(), line);
+    EXPECT_EQ(record.WorkCountry.Trimmed(), line);
+    EXPECT_EQ(record.Url.Trimmed(), line);
+  }
 }
 
 TEST(ContactRecordTest, MovesEveryFieldAndKeepsTheOddOnes) {

@@ -73,6 +73,18 @@ class PageTest : public SessionBench {
       ScriptedHost::Press(page.editor(), "Command2");
     };
   }
+  // The phone goes away and another connection is made, with what `change` makes of the phone.
+  void ConnectAnew(const std::function<void()>& change) {
+    port.levels = {linkport::kNoBatteryLevel, linkport::kNoBatteryLevel, linkport::kNoBatteryLevel};
+    Tick();
+    ASSERT_EQ(session.statusPhase, kNoPhone);
+    change();
+    SessionBench::Tick(session.Timer2);
+    ASSERT_EQ(session.statusPhase, kPhonePresent);
+  }
+  phonesim::Fields CardAtThePhone() {
+    return AtThePhone([](Books& books) { return books.contacts.Entries().at(0).fields; });
+  }
   std::size_t Written(std::string_view part) const {
     return static_cast<std::size_t>(std::count_if(
         port.written.begin(), port.written.end(),
@@ -166,6 +178,7 @@ TEST_F(PageTest, SaysSoWhenAMemoryCannotBeRead) {
        [](auto& b) {
          b.failingCommands["AT+CPBR"] = {21, 2};
        }},
+      {u"SM", [](auto& b) { b.sim.last = 0; }},  // (1-0)
       {u"ME", [](auto& b) { b.refusedOperations[phonesim::ObexOperation::Connect] = {}; }},
       {u"ME",
        [](auto& b) {
@@ -189,6 +202,7 @@ TEST_F(PageTest, SaysSoWhenAMemoryCannotBeRead) {
       b.refusedCommands.clear();
       b.failingCommands.clear();
       b.refusedOperations.clear();
+      b.sim.last = 250;
     });
   }
   Do("Refresh");
@@ -314,6 +328,93 @@ TEST_F(PageTest, DeletesWhatIsSelected) {
   EXPECT_EQ(AtThePhone([](Books& books) { return books.sim.All().size(); }), 2u);
 }
 
+TEST_F(PageTest, SkipsWhatItCannotDeleteAndSaysSo) {
+  constexpr int kCmsFailure = 21;
+  const struct {
+    const char16_t* node;
+    std::function<void(phonesim::Behaviour&)> spoil;
+    const char* command;
+    std::size_t tries, left;
+  } cases[] = {
+      {u"SM",
+       [](auto& b) {
+         b.failingCommands["AT+CPBS"] = {kCmsFailure, 1, 1};
+       },
+       "AT+CPBS", 4, 1},
+      {u"SM", [](auto& b) { b.failingCommands["AT+CPBS"] = {kCmsFailure}; }, "AT+CPBS", 2, 4},
+      {u"ME",
+       [](auto& b) {
+         b.failingCommands["AT*EOBEX"] = {kCmsFailure, 1, 1};
+       },
+       "AT*EOBEX", 4, 1},
+      {u"ME", [](auto& b) { b.failingCommands["AT*EOBEX"] = {kCmsFailure}; }, "AT*EOBEX", 2, 4},
+  };
+  Connect({}, {}, "Command1");
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    AtThePhone([](Books& books) {
+      const std::vector<phonesim::Fields> cards(4, {{"given", "a"}});
+      books.sim.Fill({{1, {"a", "1"}}, {2, {"b", "2"}}, {3, {"c", "3"}}, {4, {"d", "4"}}});
+      books.contacts.Fill(cards);
+    });
+    Click(c.node);
+    Do("Refresh");
+    Tick();
+    Select({0, 1, 2, 3});
+    settings.With(c.spoil);
+    port.written.clear();
+    Do("Delete");
+    Tick();
+    EXPECT_EQ(Written(c.command), c.tries);
+    EXPECT_EQ(Shown().size(), c.left);
+    EXPECT_EQ(Boxes(),
+              (Names{Error(text::error::kDeleteContact), Prompt(text::prompt::kContactsDeleted)}));
+    settings.With([](phonesim::Behaviour& b) { b.failingCommands.clear(); });
+  }
+}
+
+TEST_F(PageTest, NeitherWritesNorDeletesACardWithoutAName) {
+  port.spoil = [](std::string& sent) {
+    const auto name = sent.find("X-IRMC-LUID");
+    if (name != sent.npos) sent[name] = 'Y';
+  };
+  Connect({}, {{{"given", "Ann"}}});
+  port.spoil = nullptr;
+  port.written.clear();
+  Select({0});
+  WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"Anne"; });
+  CancelAtTheBox();
+  Do("Edit");
+  EXPECT_EQ(Boxes(), Names{Error(text::error::kWriteContact)});
+  host.whileBoxStands = nullptr;
+  Do("Delete");
+  Tick();
+  EXPECT_EQ(Boxes(),
+            (Names{Error(text::error::kDeleteContact), Prompt(text::prompt::kContactsDeleted)}));
+  EXPECT_EQ(Written("IRMC-SYNC"), 0u);
+  EXPECT_EQ(Shown(), Names{u"Ann"});
+}
+
+TEST_F(PageTest, SaysHowFarDeletingIs) {
+  Connect({}, {{{"given", "a"}}, {{"given", "b"}}, {{"given", "c"}}});
+  std::vector<std::pair<Text, int>> steps;
+  host.WhenShown("frmSplashTransmission", [&](Window&) {
+    EXPECT_EQ(busyWindow.Label1.text(), Word(words::kWorkDeleteContacts));
+    busyWindow.lblAmount.changed.Always([&] {
+      steps.push_back({busyWindow.lblAmount.text, busyWindow.prgTransfer.value});
+    });
+  });
+  Select({0, 1, 2});
+  Do("Delete");
+  Tick();
+  EXPECT_TRUE(busyWindow.prgTransfer.visible);
+  const std::vector<std::pair<Text, int>> expected = {
+      {u"0 of 3", 0}, {u"1 of 3", 333}, {u"2 of 3", 666}};
+  EXPECT_EQ(steps, expected);
+  EXPECT_FALSE(busyWindow.IsLoaded());
+  EXPECT_EQ(Shown(), Names());
+}
+
 TEST_F(PageTest, AddsToEitherMemory) {
   Connect({{1, {"one", "1"}}, {3, {"three", "3"}}}, {});
   WhenEdited([this](frmAddContact& editor) {
@@ -412,6 +513,85 @@ TEST_F(PageTest, EditsInEitherMemory) {
             (phonesim::SimBook::Entries{{4, {"four", "44"}}}));
 }
 
+// The list has the work street in the home street's place after the first change.
+TEST_F(PageTest, ChangingTwiceLeavesTheStreetsOnThePhone) {
+  const phonesim::Fields card = {{"given", "Ann"},
+                                 {"home.street", "Home 1\r\nFlat 2"},
+                                 {"home.city", "Å"},
+                                 {"work.street", "W"}};
+  Connect({}, {card});
+  phonesim::Fields expected = card;
+  expected["home.street"] = "Home 1 Flat 2";
+  for (const Text name : {u"Anne", u"Anna"}) {
+    Select({0});
+    WhenEdited([&](frmAddContact& editor) {
+      EXPECT_EQ(editor.HomeAddress[0].text(), u"Home 1 Flat 2");
+      EXPECT_EQ(editor.WorkAddress[0].text(), u"W");
+      editor.Text1.text = name;
+    });
+    Do("Edit");
+    EXPECT_EQ(Boxes(), Names{Prompt(text::prompt::kContactChanged)});
+    expected["given"] = ToUtf8(name);
+    EXPECT_EQ(CardAtThePhone(), expected);
+    EXPECT_EQ(lists.phoneContacts->item(1).GetData(Contact::kHomeAddress), u"W");
+  }
+  // What somebody changes at the phone is what the form shows after the next reading.
+  AtThePhone([](Books& books) {
+    books.contacts.Fill({{{"given", "Ann"}, {"home.street", "New"}, {"work.street", "V"}}});
+  });
+  Do("Refresh");
+  Tick();
+  Select({0});
+  WhenEdited([](frmAddContact& editor) { EXPECT_EQ(editor.HomeAddress[0].text(), u"New"); });
+  Do("Edit");
+}
+
+TEST_F(PageTest, AFormThatOutlivesItsPhoneWritesOverNothingElse) {
+  const auto otherPhone = [this] {
+    settings.With([](phonesim::Behaviour& b) { b.identity.serial = "350000000000000"; });
+  };
+  const auto otherSim = [this] {
+    AtThePhone([](Books& books) { books.sim.Set(4, {"somebody", "9"}); });
+  };
+  const struct {
+    const char16_t* node;
+    std::function<void()> change;
+    bool written;
+  } cases[] = {{u"ME", [] {}, true},
+               {u"SM", [] {}, true},
+               {u"SM", otherSim, false},
+               {u"SM", otherPhone, false},
+               {u"ME", otherPhone, false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    AnswerAsking("Command1");
+    AtThePhone([](Books& books) {
+      books.sim.Fill({{4, {"four", "4"}}});
+      books.contacts.Fill({{{"given", "Ann"}}});
+    });
+    settings.With([](phonesim::Behaviour& b) { b.identity = {}; });
+    if (session.statusPhase == kPhonePresent) ConnectAnew([] {});
+    if (session.statusPhase == kNoPhone) StartAndConnect();
+    session.ShowPage(kPhonebookPanel);
+    Click(c.node);
+    Select({0});
+    AnswerAsking("Command2");
+    WhenEdited([&](frmAddContact& editor) {
+      editor.Text1.text = u"changed";
+      ConnectAnew(c.change);
+      port.written.clear();
+    });
+    if (!c.written) CancelAtTheBox();
+    Do("Edit");
+    EXPECT_EQ(Boxes(), Names{c.written ? Prompt(text::prompt::kContactChanged)
+                                       : Error(text::error::kWriteContact)});
+    EXPECT_EQ(stayedOpen, !c.written);
+    EXPECT_EQ(Written("changed"), c.written ? 1u : 0u);
+    host.whileBoxStands = nullptr;
+    stayedOpen = false;
+  }
+}
+
 TEST_F(PageTest, RefusesAndKeepsWhatWasTyped) {
   settings.With([](phonesim::Behaviour& b) { b.sim.last = 2; });
   Connect({{1, {"one", "1"}}, {2, {"two", "2"}}}, {});
@@ -461,15 +641,20 @@ TEST_F(PageTest, EditsAContactOfTheOwnBook) {
   Contact& record = lists.tscContacts->item(1);
   record.LetData(u"second", Contact::kEmail2);
   record.LetData(u"third", Contact::kEmail3);
-  WhenEdited([](frmAddContact& editor) {
+  record.LetData(u"First line\r\nsecond line", Contact::kHomeAddress);
+  const Text longText(300, u'x');
+  WhenEdited([&](frmAddContact& editor) {
     EXPECT_FALSE(editor.Option1.visible);
     EXPECT_EQ(editor.caption(), u"Tessarin Edit");
     EXPECT_EQ(editor.Text6.text(), u"second");
+    EXPECT_EQ(editor.HomeAddress[0].text(), u"First line second line");
+    EXPECT_EQ(editor.Text5.maximumLength, 0);
     editor.Text1.text = u"+ any ";
+    editor.Text5.text = longText;
   });
-  bool accepted = false;
-  host.RunEvent([&] { accepted = page.editor().OpenRecord(1); });
-  EXPECT_TRUE(accepted);
+  host.RunEvent([&] { page.editor().OpenRecord(1); });
+  EXPECT_EQ(record.GetData(Contact::kCompany), longText);
+  EXPECT_EQ(record.GetData(Contact::kHomeAddress), u"First line\r\nsecond line");
   EXPECT_EQ(record.GetData(Contact::kName), u"+ any ");
   EXPECT_EQ(record.GetData(Contact::kEmail2), u"third");
   EXPECT_EQ(record.GetData(Contact::kEmail3), u"second");
@@ -488,7 +673,7 @@ TEST_F(PageTest, CopiesNumbersToTheSim) {
   });
   Select({0, 1, 2});
   host.RunEvent([this] { session.MainMenu.clicked("copy_Phone_to_SIM"); });
-  ASSERT_EQ(page.copyDialogs().simCopyCount(), 3);
+  ASSERT_EQ(page.copyDialogs().simCopyCount(), 3u);
   ASSERT_EQ(dialogs.size(), 3u);
   auto* const ann = dialogs[2];  // they open from the last row to the first
   auto* const ben = dialogs[1];
@@ -503,7 +688,8 @@ TEST_F(PageTest, CopiesNumbersToTheSim) {
   host.RunEvent([&] { ScriptedHost::Press(*ann, "Command1"); });
   Tick();
   EXPECT_EQ(Boxes(), Names{Prompt(text::prompt::kCopiedToSim)});
-  EXPECT_EQ(page.copyDialogs().simCopyCount(), 2);
+  EXPECT_EQ(page.copyDialogs().simCopyCount(), 2u);
+  EXPECT_EQ(host.shown.back(), "TessarinMenu") << "it comes forward";
 
   EXPECT_EQ(ben->Label2.text(), u"Ben");
   EXPECT_TRUE(ben->Command1.enabled);
@@ -514,11 +700,11 @@ TEST_F(PageTest, CopiesNumbersToTheSim) {
   host.RunEvent([&] { ScriptedHost::Press(*cid, "Command1"); });
   Tick();
   EXPECT_EQ(Boxes(), Names{Error(text::error::kCopyToSim)});
-  EXPECT_EQ(page.copyDialogs().simCopyCount(), 1) << "the dialog stays open";
+  EXPECT_EQ(page.copyDialogs().simCopyCount(), 1u) << "the dialog stays open";
   AtThePhone([](Books& books) { books.sim.Remove(2); });
   host.RunEvent([&] { ScriptedHost::Press(*cid, "Command1"); });
   Tick();
-  EXPECT_EQ(page.copyDialogs().simCopyCount(), 0);
+  EXPECT_EQ(page.copyDialogs().simCopyCount(), 0u);
   EXPECT_EQ(AtThePhone([](Books& books) { return books.sim.All(); }),
             (phonesim::SimBook::Entries{{1, {"Ann", "2"}}, {2, {"Cid", "+3"}}}));
   Click(u"SM");
@@ -526,12 +712,138 @@ TEST_F(PageTest, CopiesNumbersToTheSim) {
   EXPECT_EQ(lists.phoneContacts->item(4).GetData(Contact::kName).size(), 50u);
 }
 
+// Whatever was going on when the line was lost: it is told, the phone is found again in AT mode,
+// and no link to Outlook is gone.
+TEST_F(PageTest, ALineLostAtAnyStepIsToldAndCostsNoLink) {
+  const struct {
+    const char16_t* node;
+    const char* action;
+    int error, success;
+  } acts[] = {
+      {u"SM", "Refresh", text::error::kReadPhonebook, -1},
+      {u"ME", "Refresh", text::error::kReadPhonebook, -1},
+      {u"SM", "New", text::error::kWriteContact, text::prompt::kContactAdded},
+      {u"ME", "New", text::error::kWriteContact, text::prompt::kContactAdded},
+      {u"SM", "Edit", text::error::kWriteContact, text::prompt::kContactChanged},
+      {u"ME", "Edit", text::error::kWriteContact, text::prompt::kContactChanged},
+      {u"SM", "Delete", text::error::kDeleteContact, text::prompt::kContactsDeleted},
+      {u"ME", "Delete", text::error::kDeleteContact, text::prompt::kContactsDeleted},
+      {u"ME", "copy_Phone_to_SIM", text::error::kCopyToSim, text::prompt::kCopiedToSim},
+  };
+  settings.With([](phonesim::Behaviour& b) { b.sim.last = 20; });
+  WhenEdited([](frmAddContact& editor) {
+    editor.Text1.text = u"written";
+    editor.Text2[0].text = u"0";
+  });
+  std::vector<Window*> dialogs;
+  host.WhenShown("frmCopyToSIM", [&dialogs](Window& dialog) {
+    dialogs.push_back(&dialog);
+    static_cast<frmCopyToSIM&>(dialog).List1.Select(0);
+    ScriptedHost::Press(dialog, "Command1");
+  });
+  host.whileBoxStands = [&] {
+    ScriptedHost::Press(page.editor(), "Command2");
+    for (Window* dialog : std::exchange(dialogs, {})) ScriptedHost::Press(*dialog, "Command2");
+  };
+  const auto prepare = [this](const char16_t* node) {
+    AtThePhone([](Books& books) {
+      books.sim.Fill({{1, {"one", "1"}}, {12, {"twelve", "12"}}});
+      books.contacts.Fill({{{"given", "Ann"}, {"home", "1"}}, {{"given", "Ben"}}});
+    });
+    Click(node);
+    Do("Refresh");
+    Tick();
+    for (const auto& contact : *lists.phoneContacts) {
+      contact->LetData(u"entry " + contact->GetData(Contact::kMobileId), Contact::kGuid);
+    }
+    Select({0});
+  };
+  Connect({}, {});
+  for (const auto& act : acts) {
+    // Either the line is gone when something is to be sent, or the answer never comes. That of an
+    // OBEX exchange would be waited for until the end of the program.
+    for (const bool answerLost : {false, true}) {
+      bool lost = true;
+      for (std::size_t sent = 0; lost && (!answerLost || act.node == Text(u"SM")); ++sent) {
+        SCOPED_TRACE(act.action + std::to_string(sent));
+        prepare(u"ME");
+        prepare(u"SM");
+        prepare(act.node);
+        if (answerLost) {
+          settings.With([&](phonesim::Behaviour& b) { b.dropAfterRequests = sent + 1; });
+        } else {
+          port.writesLeft = sent;
+        }
+        act.action[0] == 'c' ? host.RunEvent([&] { session.MainMenu.clicked(act.action); })
+                             : Do(act.action);
+        if (session.commandState != job::kIdlePoll) Tick();
+        lost = port.IsLost();
+        const Names said = Boxes();
+        ASSERT_LT(sent, 15u);
+        const bool isTold = !said.empty() && said.front() == Error(act.error);
+        // When only the closing of the session was lost, what was to be done is done.
+        if (!lost || !isTold) {
+          EXPECT_EQ(said, act.success < 0 ? Names() : Names{Prompt(act.success)});
+        }
+        settings.With([](phonesim::Behaviour& b) { b.dropAfterRequests.reset(); });
+        if (lost) {
+          Tick();
+          ASSERT_EQ(session.statusPhase, kNoPhone);
+          SessionBench::Tick(session.Timer2);
+        }
+        port.writesLeft = SIZE_MAX;
+        ASSERT_EQ(session.statusPhase, kPhonePresent);
+        EXPECT_FALSE(phone.InObexMode());
+        Tick();
+        EXPECT_EQ(PanelText(panel::kBattery), u"85%");
+        session.ShowPage(kPhonebookPanel);
+        for (const auto& contact : *lists.phoneContacts) {
+          const bool isOnNewPlace = contact->GetData(Contact::kMobileId) == u"s2";
+          if (isOnNewPlace || contact->GetData(Contact::kName) == u"written") continue;
+          EXPECT_EQ(contact->GetData(Contact::kGuid),
+                    u"entry " + contact->GetData(Contact::kMobileId));
+        }
+      }
+    }
+  }
+}
+
+TEST_F(PageTest, KeepsTheSelectionOverChanges) {
+  Connect({}, {{{"given", "a"}}, {{"given", "b"}}, {{"given", "c"}}});
+  Select({0});
+  WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"z"; });
+  Do("Edit");
+  EXPECT_EQ(Shown(), (Names{u"b", u"c", u"z"}));
+  EXPECT_EQ(list.Current(), 2);
+  EXPECT_FALSE(list.Row(0).selected);
+  EXPECT_TRUE(list.Row(2).selected);
+  WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"aa"; });
+  Do("New");
+  EXPECT_EQ(Shown(), (Names{u"aa", u"b", u"c", u"z"}));
+  EXPECT_EQ(list.Current(), 0) << "the new one";
+  EXPECT_FALSE(list.Row(3).selected);
+  WhenEdited([](frmAddContact& editor) {
+    editor.Option1.clicked();
+    editor.Text1.text = u"elsewhere";
+    editor.Text2[0].text = u"1";
+  });
+  Do("New");
+  EXPECT_EQ(list.Current(), 0) << "it is not in this memory";
+}
+
 TEST_F(PageTest, FollowsLanguageAndLoss) {
   Connect({{1, {"one", "1"}}}, {{{"given", "Ann"}, {"cell", "1"}}});
+  Select({0});
   host.RunEvent([this] { session.ChangeLanguage(4); });
   EXPECT_EQ(session.tvwPhonePhonebook.SelectedKey(), u"ME");
   EXPECT_EQ(list.Cell(0, 1), u"   " + Word(words::kMobile) + u":1");
   EXPECT_NE(Word(words::kMobile), u"Mobile");
+  EXPECT_TRUE(list.Row(0).selected);
+  session.ShowStartPanel();
+  session.ShowPage(kPhonebookPanel);
+  EXPECT_TRUE(list.Row(0).selected);
+  EXPECT_EQ(list.Current(), 0);
+  EXPECT_NE(session.rtbPhonebook.text().find(u"Ann"), Text::npos);
   session.ChangeLanguage(0);
   port.levels = {linkport::kNoBatteryLevel, linkport::kNoBatteryLevel, linkport::kNoBatteryLevel};
   Tick();

@@ -4,6 +4,7 @@
 // the question was asked, and waiting costs nothing.
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <stdexcept>
@@ -25,6 +26,7 @@ class PhonePort : public linkport, public PortDiagnosis {
   std::deque<std::uint16_t> levels;  // the next answers about the battery; then `level`
   std::uint16_t level = 85;
   std::function<void(std::string&)> spoil;  // changes what the phone sends
+  std::size_t writesLeft = SIZE_MAX;        // then the line is lost
 
   std::vector<std::string> opened;  // port and speed
   std::vector<std::string> written;
@@ -40,10 +42,14 @@ class PhonePort : public linkport, public PortDiagnosis {
     ++closes;
     open_ = false;
     received_.clear();
+    writesLeft = SIZE_MAX;
     phone_.LineClosed();
   }
+  // Also when the phone was told to hang up.
+  bool IsLost() const { return writesLeft == 0 || phone_.HungUp(); }
   int serial_write(const std::uint8_t* bytes, std::size_t count) override {
-    if (!open_) return 0;
+    if (!open_ || IsLost()) return 0;
+    if (writesLeft != SIZE_MAX) --writesLeft;
     written.emplace_back(reinterpret_cast<const char*>(bytes), count);
     phone_.Receive({bytes, count});
     for (const auto& output : phone_.Take()) {
@@ -65,7 +71,7 @@ class PhonePort : public linkport, public PortDiagnosis {
   void serial_flush() override { received_.clear(); }
   void XSleep(int milliseconds) override { slept += milliseconds; }
   std::uint16_t GetBatteryLevel() override {
-    if (levels.empty()) return open_ ? level : kNoBatteryLevel;
+    if (levels.empty()) return open_ && !IsLost() ? level : kNoBatteryLevel;
     const auto next = levels.front();
     levels.pop_front();
     return next;

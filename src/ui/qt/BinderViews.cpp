@@ -107,7 +107,9 @@ QTreeView* Binder::Bind(ListView& list) {
   auto shown = std::make_shared<std::vector<ListColumn>>();
   BindState(list, *widget, [&list, widget, model, shown] {
     const QSignalBlocker quiet(widget->selectionModel());
+    const int place = widget->verticalScrollBar()->value();
     model->Reset();
+    widget->verticalScrollBar()->setValue(place);
     widget->setSelectionMode(list.multipleSelection ? QAbstractItemView::ExtendedSelection
                                                     : QAbstractItemView::SingleSelection);
     widget->setAccessibleDescription(list.Count() == 0 ? ToQt(list.emptyText) : QString());
