@@ -53,8 +53,9 @@ class OpenFile {
 
   void SetPermissions(mode_t bits) const { Check(::fchmod(descriptor_, bits) == 0, about_); }
 
-  // Puts everything on the disk. Some file systems know no such thing for a folder.
-  void Flush() const { Check(::fsync(descriptor_) == 0 || errno == EINVAL, about_); }
+  // Puts everything on the disk.
+  void Flush() const { Check(FlushIfPossible(), about_); }
+  bool FlushIfPossible() const { return ::fsync(descriptor_) == 0; }
 
   void Close() { Check(::close(std::exchange(descriptor_, -1)) == 0, about_); }
 
@@ -159,9 +160,9 @@ void modFile::WriteWholeFile(const fs::path& path, std::string_view content) {
   if (permissions) replacement.File().SetPermissions(*permissions);
   replacement.File().WriteAll(content);
   replacement.TakeItsPlace();
+  // The file stands; its new name, where it cannot be put on the disk now, is left to time.
   const OpenFile folder(FolderOf(target), O_RDONLY | O_DIRECTORY, target);
-  if (folder.IsOpen())
-    folder.Flush();  // the new name; a folder that cannot be read is left to time
+  if (folder.IsOpen()) static_cast<void>(folder.FlushIfPossible());
 }
 
 }  // namespace tessarin

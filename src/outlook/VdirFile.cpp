@@ -7,6 +7,7 @@
 
 #include "codecs/Faults.h"
 #include "codecs/modFile.h"
+#include "outlook/ContentLines.h"
 #include "outlook/LocalTime.h"
 
 namespace tessarin::outlook {
@@ -14,7 +15,10 @@ namespace tessarin::outlook {
 VdirFile::Version VdirFile::Look() const {
   struct stat found {};
   if (::stat(path_.c_str(), &found) != 0) return {};
-  return {found.st_mtim.tv_sec, found.st_mtim.tv_nsec, found.st_size, found.st_ino};
+  return {{found.st_mtim.tv_sec, found.st_mtim.tv_nsec},
+          {found.st_ctim.tv_sec, found.st_ctim.tv_nsec},
+          found.st_size,
+          found.st_ino};
 }
 
 bool VdirFile::Exists() const {
@@ -36,6 +40,14 @@ std::string VdirFile::Read() {
   return bytes;
 }
 
+std::string VdirFile::ReadIfPossible() {
+  try {
+    return Read();
+  } catch (const FileError&) {
+    return "";
+  }
+}
+
 void VdirFile::Write(std::string_view bytes) {
   modFile::WriteWholeFile(path_, bytes);
   version_ = Look();
@@ -43,7 +55,9 @@ void VdirFile::Write(std::string_view bytes) {
 
 bool VdirFile::HasChanged() const { return Look() != version_; }
 
-DateValue VdirFile::Modified() const { return ToLocalTime(version_.seconds).value_or(0); }
+DateValue VdirFile::Modified() const {
+  return ToLocalTime(std::max(version_.modified.seconds, version_.changed.seconds)).value_or(0);
+}
 
 std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder,
                                              std::string_view extension) {
@@ -51,8 +65,9 @@ std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder
   std::error_code error;
   std::filesystem::directory_iterator entry(folder, error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    if (name.starts_with('.') || name.ends_with(".tmp") || !name.ends_with(extension)) continue;
+    const std::filesystem::path name = entry->path().filename();
+    if (name.string().starts_with('.')) continue;
+    if (UpperAscii(name.extension().string()) != UpperAscii(extension)) continue;
     if (!modFile::FolderExists(entry->path())) items.push_back(entry->path());
   }
   if (error) throw FileError(error, folder);

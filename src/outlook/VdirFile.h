@@ -28,19 +28,28 @@ class VdirFile {
   bool IsGone() const;
   // Both throw FileError. Only regular files are opened: others, such as pipes, can make wait.
   std::string Read();
+  // Nothing for a file that cannot be read.
+  std::string ReadIfPossible();
   void Write(std::string_view bytes);
 
   // Whether the file is another than the one last read or written.
   bool HasChanged() const;
-  // Of the file as last read or written, local time in whole seconds.
+  // When the file as last read or written came to be, local time in whole seconds: the later of its
+  // modification time and of the time when that was last set, since programs that fetch files from
+  // elsewhere give them the time of the change there.
   DateValue Modified() const;
 
  private:
+  // Since 1970.
+  struct Moment {
+    std::int64_t seconds = 0;
+    std::int64_t nanoseconds = 0;
+    bool operator==(const Moment&) const = default;
+  };
   // What tells one version of a file from the next: a program that replaces it leaves another file
   // number, one that writes into it another time or size.
   struct Version {
-    std::int64_t seconds = 0;
-    std::int64_t nanoseconds = 0;
+    Moment modified, changed;
     std::int64_t size = -1;
     std::uint64_t number = 0;
     bool operator==(const Version&) const = default;
@@ -51,8 +60,8 @@ class VdirFile {
   Version version_;
 };
 
-// What a folder holds that is named as an item: with that extension, neither beginning with a dot
-// nor ending in ".tmp", and no folder. In the order of the names. Throws FileError.
+// What a folder holds that is named as an item: with that extension, in small letters or capitals,
+// not beginning with a dot, and no folder. In the order of the names. Throws FileError.
 std::vector<std::filesystem::path> VdirItems(const std::filesystem::path& folder,
                                              std::string_view extension);
 

@@ -16,11 +16,17 @@ namespace tessarin::outlook {
 template <class Kind, class Document>
 class VdirItem : public Kind {
  public:
-  // The file's content is already read; that of a new item is made by the first Save.
-  VdirItem(VdirFile file, Document document, bool isNew = false)
-      : file_(std::move(file)), document_(std::move(document)), isSaved_(!isNew) {
-    if (isSaved_) entryId_ = IdentityIn(document_);
+  // How the item in a file is known.
+  enum class Known { ByUid, ByName };
+
+  // The file's content is already read.
+  VdirItem(VdirFile file, Document document, Known known)
+      : file_(std::move(file)), document_(std::move(document)), known_(known), isSaved_(true) {
+    entryId_ = IdentityIn(document_);
   }
+  // A new item, whose file is made by the first Save.
+  VdirItem(VdirFile file, Document document)
+      : file_(std::move(file)), document_(std::move(document)) {}
 
   const Text& EntryID() const override { return entryId_; }
 
@@ -32,9 +38,10 @@ class VdirItem : public Kind {
   }
 
   // A file that changed since it was read is read again, and only what was set here is changed in
-  // it. One that is damaged now, or holds another item, is left alone: FileError. One that is gone
-  // is written again.
+  // it. One that is damaged now, or holds another item, is left alone: FileError. One that has
+  // another name now is followed, one that is gone is written again.
   void Save() override {
+    if (isSaved_ && file_.IsGone()) Follow();
     std::string old;
     if (isSaved_ && file_.Exists()) {
       old = file_.Read();
@@ -62,17 +69,22 @@ class VdirItem : public Kind {
  private:
   void SeeChange() {
     VdirFile file(file_.path());
-    std::string bytes;
-    try {
-      bytes = file.Read();
-    } catch (const FileError&) {
-      return;
-    }
-    auto now = SameItem(bytes);
+    auto now = SameItem(file.ReadIfPossible());
     if (!now) return;
     document_ = std::move(*now);
     file_ = std::move(file);
     Loaded();
+  }
+
+  void Follow() {
+    if (known_ == Known::ByName) return;
+    const auto& path = file_.path();
+    for (const auto& other : VdirItems(path.parent_path(), path.extension().string())) {
+      VdirFile file(other);
+      if (!SameItem(file.ReadIfPossible())) continue;
+      file_ = std::move(file);
+      return;
+    }
   }
 
   // What the file's bytes are now, when they still are this item.
@@ -82,13 +94,13 @@ class VdirItem : public Kind {
     return now;
   }
 
-  // Files that other programs wrote may have no UID.
   Text IdentityIn(const Document& document) const {
-    return document.uid().empty() ? file_.Stem() : document.uid();
+    return known_ == Known::ByName ? file_.Stem() : document.uid();
   }
 
   VdirFile file_;
   Document document_;
+  Known known_ = Known::ByUid;
   Text entryId_;
   bool isSaved_ = false;
 };

@@ -12,15 +12,27 @@ std::optional<Value> IfOther(const Value& wanted, const Value& loaded) {
   return wanted == loaded ? std::nullopt : std::optional(wanted);
 }
 
+// An item, one of a class that is only told by its name, or null.
+template <class Kind, class Document>
+std::shared_ptr<Item> Make(const VdirFile& file, std::string_view bytes, KnownNames& names,
+                           TextView otherType) {
+  auto document = Document::Read(bytes);
+  if (!document) return nullptr;
+  if (!document->IsItem()) return std::make_shared<OtherItem>(otherType, file.Stem());
+  const bool byName = names.Meet(file.Stem(), !document->uid().empty());
+  return std::make_shared<Kind>(file, std::move(*document),
+                                byName ? Kind::Known::ByName : Kind::Known::ByUid);
+}
+
 }  // namespace
 
-VdirContact::VdirContact(VdirFile file, Card card)
-    : VdirItem(std::move(file), std::move(card)), texts_(document().texts()) {}
+VdirContact::VdirContact(VdirFile file, Card card, Known known)
+    : VdirItem(std::move(file), std::move(card), known), texts_(document().texts()) {}
 
 VdirContact::VdirContact(const std::filesystem::path& folder) : VdirContact(folder, NewUid()) {}
 
 VdirContact::VdirContact(const std::filesystem::path& folder, const std::string& uid)
-    : VdirItem(VdirFile(folder / (uid + kCardExtension)), Card::New(uid), true) {}
+    : VdirItem(VdirFile(folder / (uid + kCardExtension)), Card::New(uid)) {}
 
 const Text& VdirContact::Get(ContactProperty property) const {
   return texts_[static_cast<std::size_t>(property)];
@@ -42,12 +54,12 @@ void VdirContact::Change(Card& card) const {
 
 void VdirContact::Loaded() { texts_ = document().texts(); }
 
-VdirAppointment::VdirAppointment(VdirFile file, Event event)
-    : VdirItem(std::move(file), std::move(event)), fields_(document().fields()) {}
+VdirAppointment::VdirAppointment(VdirFile file, Event event, Known known)
+    : VdirItem(std::move(file), std::move(event), known), fields_(document().fields()) {}
 
 VdirAppointment::VdirAppointment(const std::filesystem::path& folder, const std::string& uid,
                                  DateValue now)
-    : VdirItem(VdirFile(folder / (uid + kEventExtension)), Event::New(uid, now), true),
+    : VdirItem(VdirFile(folder / (uid + kEventExtension)), Event::New(uid, now)),
       fields_(document().fields()) {}
 
 VdirAppointment::VdirAppointment(const std::filesystem::path& folder, DateValue now)
@@ -75,18 +87,13 @@ void VdirAppointment::Loaded() {
   clearRecurrence_ = false;
 }
 
-std::shared_ptr<Item> MakeContact(VdirFile file, std::string_view bytes) {
-  auto card = Card::Read(bytes);
-  if (!card) return nullptr;
-  if (!card->IsItem()) return std::make_shared<OtherItem>(u"DistListItem", file.Stem());
-  return std::make_shared<VdirContact>(std::move(file), std::move(*card));
+std::shared_ptr<Item> MakeContact(const VdirFile& file, std::string_view bytes, KnownNames& names) {
+  return Make<VdirContact, Card>(file, bytes, names, u"DistListItem");
 }
 
-std::shared_ptr<Item> MakeAppointment(VdirFile file, std::string_view bytes) {
-  auto event = Event::Read(bytes);
-  if (!event) return nullptr;
-  if (!event->IsItem()) return std::make_shared<OtherItem>(u"TaskItem", file.Stem());
-  return std::make_shared<VdirAppointment>(std::move(file), std::move(*event));
+std::shared_ptr<Item> MakeAppointment(const VdirFile& file, std::string_view bytes,
+                                      KnownNames& names) {
+  return Make<VdirAppointment, Event>(file, bytes, names, u"TaskItem");
 }
 
 }  // namespace tessarin::outlook

@@ -7,13 +7,14 @@
 
 #include "outlook/Card.h"
 #include "outlook/Event.h"
+#include "outlook/KnownNames.h"
 #include "outlook/VdirItem.h"
 
 namespace tessarin::outlook {
 
 class VdirContact : public VdirItem<ContactItem, Card> {
  public:
-  VdirContact(VdirFile file, Card card);
+  VdirContact(VdirFile file, Card card, Known known);
   // A new contact with a UID of its own, to lie in that folder.
   explicit VdirContact(const std::filesystem::path& folder);
 
@@ -34,7 +35,7 @@ class VdirContact : public VdirItem<ContactItem, Card> {
 
 class VdirAppointment : public VdirItem<AppointmentItem, Event> {
  public:
-  VdirAppointment(VdirFile file, Event event);
+  VdirAppointment(VdirFile file, Event event, Known known);
   VdirAppointment(const std::filesystem::path& folder, DateValue now);
 
   const AppointmentFields& Get() const override { return fields_; }
@@ -79,8 +80,10 @@ class OtherItem : public Item {
   Text typeName_, entryId_;
 };
 
-// The item in a file that was just read; null when these bytes are none.
-std::shared_ptr<Item> MakeContact(VdirFile file, std::string_view bytes);
-std::shared_ptr<Item> MakeAppointment(VdirFile file, std::string_view bytes);
+// The item in a file that was just read; null when these bytes are none. `names` tells how it is
+// known.
+std::shared_ptr<Item> MakeContact(const VdirFile& file, std::string_view bytes, KnownNames& names);
+std::shared_ptr<Item> MakeAppointment(const VdirFile& file, std::string_view bytes,
+                                      KnownNames& names);
 
 }  // namespace tessarin::outlook

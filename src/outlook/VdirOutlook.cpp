@@ -19,13 +19,15 @@ using Skipped = VdirOutlook::Skipped;
 struct FolderKind {
   std::filesystem::path path;
   const char* extension;
-  std::shared_ptr<Item> (*make)(VdirFile file, std::string_view bytes);
+  std::shared_ptr<Item> (*make)(const VdirFile& file, std::string_view bytes, KnownNames& names);
 };
 
 class Items : public ItemCollection {
  public:
   Items(const FolderKind& kind, const Skipped& skipped) {
-    for (const auto& path : VdirItems(kind.path, kind.extension)) Take(kind, VdirFile(path));
+    KnownNames names(kind.path);
+    for (const auto& path : VdirItems(kind.path, kind.extension)) Take(kind, VdirFile(path), names);
+    names.Save();
     if (!skippedNames_.empty()) skipped(skippedNames_);
   }
 
@@ -39,22 +41,14 @@ class Items : public ItemCollection {
   }
 
  private:
-  void Take(const FolderKind& kind, VdirFile file) {
-    const std::string bytes = BytesOf(file);
+  void Take(const FolderKind& kind, VdirFile file, KnownNames& names) {
+    const std::string bytes = file.ReadIfPossible();  // no bytes make no item
     if (file.IsGone()) return;  // other programs may take a file away while the folder is read
-    if (auto item = kind.make(file, bytes)) {
+    if (auto item = kind.make(file, bytes, names)) {
       items_.push_back(std::move(item));
     } else {
       Skip(file, bytes);
-    }
-  }
-
-  // None, which make no item, when the file does not let itself be read.
-  static std::string BytesOf(VdirFile& file) {
-    try {
-      return file.Read();
-    } catch (const FileError&) {
-      return "";
+      names.Meet(file.Stem(), true);
     }
   }
 
