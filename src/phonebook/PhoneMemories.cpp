@@ -78,34 +78,39 @@ PhoneMemories::Deleted PhoneMemories::DeleteCard(TextView luid) {
   return result;
 }
 
-Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode) {
-  if (kind == kSim) return WriteToSim(contact, mode);
-  if (kind == kPhone) return WriteToPhone(contact, mode);
-  return {};
+Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode,
+                                         bool* written) {
+  bool done = false;
+  Text result;
+  if (kind == kSim) result = WriteToSim(contact, mode, done);
+  if (kind == kPhone) result = WriteToPhone(contact, mode, done);
+  if (written != nullptr) *written = done;
+  return result;
 }
 
-Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode) {
+Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode, bool& written) {
   SIMPhoneBookRecord record;
   record.Text = contact.GetData(clsT610Contact::kName);
   record.Number = contact.GetData(clsT610Contact::kHome);
   if (!SelectSim()) return {};
   if (mode != kNewEntry) {
-    return WriteSimEntry(IdentifierOf(contact), record) ? Text() : Text(kFailed);
+    written = WriteSimEntry(IdentifierOf(contact), record);
+    return written ? Text() : Text(kFailed);
   }
   const int free = FindFreeSimLocation();
   const Text location = ToText(free);
-  if (free == 0 || !WriteSimEntry(location, record)) return Text(kFailed);
+  written = free != 0 && WriteSimEntry(location, record);
+  if (!written) return Text(kFailed);
   contact.LetData(Text(1, kSim) + location, clsT610Contact::kMobileId);
   return location;
 }
 
-Text PhoneMemories::WriteToPhone(const clsT610Contact& contact, int mode) {
+Text PhoneMemories::WriteToPhone(const clsT610Contact& contact, int mode, bool& written) {
   const std::string card = vcard::EncodeVCard(RecordOf(contact));
   Text result;
   if (OpenSession()) {
-    const bool written = mode == kNewEntry
-                             ? link_.irmc.AddPhonebookEntry(card, result)
-                             : link_.irmc.ReplacePhonebookEntry(IdentifierOf(contact), card);
+    written = mode == kNewEntry ? link_.irmc.AddPhonebookEntry(card, result)
+                                : link_.irmc.ReplacePhonebookEntry(IdentifierOf(contact), card);
     if (!written) result = kFailed;
   }
   link_.obex.EndOBEXSession();

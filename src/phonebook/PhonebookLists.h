@@ -29,11 +29,11 @@ class PhonebookLists : public SessionPart {
   void MemoryRead(char16_t kind, bool complete = true);
   // Writes the mobile list, if there is one.
   void SavePhoneContacts() const;
+  // True also when there is no book yet.
+  bool SaveBook() const;
   void Unloading() override;
 
  private:
-  // True also when there is no book yet.
-  bool SaveBook() const;
   // Those of the kept lines that no contact of `phoneContacts` has taken the place of.
   std::vector<std::string> UnreadLines() const;
 
