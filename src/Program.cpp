@@ -41,26 +41,29 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
                [this](const Text& number) { return NameOfNumber(number); }),
       outlook_(files_, clock_, [this](const Text& names) { TellDamaged(names); }),
       phonebookSync_({session_, busyWindow_, phonebookLists_, outlook_,
-                      [this](clsT610Contact& contact, char16_t kind, int mode) {
+                      [this](clsT610Contact& contact, char16_t kind, int mode, bool& written) {
                         auto& memories = phonebookPage_.memories();
-                        return memories.WriteContactToMobile(contact, kind, mode);
+                        return memories.WriteContactToMobile(contact, kind, mode, &written);
                       },
+                      [this] { return phonebookPage_.IsRead(); },
                       [this](int position) { phonebookPage_.editor().OpenRecord(position); },
                       [this] { phonebookPage_.ShowAgain(); }}),
-      calendarSync_(
-          {session_, busyWindow_, calendarLists_, outlook_, [this](clsT610Appoint& entry) {
-             return clsT610AppointList::WriteAppointToMobile(entry, session_, link_);
-           }}) {
+      calendarSync_({session_, busyWindow_, calendarLists_, outlook_,
+                     [this](clsT610Appoint& entry, bool& written) {
+                       return clsT610AppointList::WriteAppointToMobile(entry, session_, link_,
+                                                                       &written);
+                     }}) {
   host_.SetMainWindow(session_);
   session_.AddPart(phonebookLists_);
   session_.AddPart(calendarLists_);
-  session_.AddPart(phonebookSync_);
   phonebookPage_.SetSync([this] { phonebookSync_.Open(); });
   calendarPage_.SetSync([this] { calendarSync_.Open(); });
   session_.AddPart(help_);
   session_.SetHelp([this](int panel) { help_.Open(panel); });
   session_.AddPage(phonebookPage_);
+  session_.AddPart(phonebookSync_);  // behind its page, which tells it what is read
   session_.AddPage(calendarPage_);
+  session_.AddPart(calendarSync_);
   session_.AddPage(smsPage_);
   composer_.SetPicker([this] { ChooseRecipients(); });
 }

@@ -22,8 +22,14 @@ CalendarRecord RecordOf(const clsT610Appoint& appoint) {
 
 }  // namespace
 
+void CutToPhone(clsT610Appoint& appoint) {
+  const CalendarRecord record = RecordOf(appoint);
+  appoint.LetData(record.Summary.Trimmed(), clsT610Appoint::kSubject);
+  appoint.LetData(record.Location.Trimmed(), clsT610Appoint::kLocation);
+}
+
 Text clsT610AppointList::WriteAppointToMobile(const clsT610Appoint& appoint, TessarinMenu& session,
-                                              const PhoneLink& link) {
+                                              const PhoneLink& link, bool* written) {
   CalendarRecord record = RecordOf(appoint);
   const Text& mobileID = appoint.GetData(clsT610Appoint::kMobileId);
   const std::string hex = vcard::EncodeVCalendar(record, session.clock());
@@ -32,10 +38,11 @@ Text clsT610AppointList::WriteAppointToMobile(const clsT610Appoint& appoint, Tes
   std::string connectionId;
   link.obex.EndOBEXSession();
   const bool isOpen = link.obex.ConnectIrmcSync(connectionId);
-  const bool written = isOpen && (isNew ? link.irmc.AddCalendarEntry(hex, result)
-                                        : link.irmc.ReplaceCalendarEntry(mobileID, hex));
+  const bool done = isOpen && (isNew ? link.irmc.AddCalendarEntry(hex, result)
+                                     : link.irmc.ReplaceCalendarEntry(mobileID, hex));
   link.obex.EndOBEXSession();
-  if (written) return result;
+  if (written != nullptr) *written = done;
+  if (done) return result;
   session.ShowError(text::error::kWriteEvent);
   return isOpen ? Text(kNoMobileId) : Text();
 }

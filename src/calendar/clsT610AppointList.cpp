@@ -114,8 +114,9 @@ bool clsT610AppointList::IsSameAppoint(int index, const std::vector<Text>& field
                                clsT610Appoint::kLocation, clsT610Appoint::kAlarm,
                                clsT610Appoint::kStart,    clsT610Appoint::kEnd};
   const clsT610Appoint& appoint = item(index);
-  return std::all_of(std::begin(kCompared), std::end(kCompared),
-                     [&](int field) { return appoint.GetData(field) == FieldOf(fields, field); });
+  return std::all_of(std::begin(kCompared), std::end(kCompared), [&](int field) {
+    return ListFile::IsSameField(appoint.GetData(field), FieldOf(fields, field));
+  });
 }
 
 void clsT610AppointList::WriteContactToFile(const std::filesystem::path& file) const {

@@ -60,9 +60,10 @@ class clsT610AppointList {
   // Writes one entry to the phone over a session of its own: replaces the entry of its LUID, or
   // adds one when it has none. Gives the new LUID; empty text for a replaced entry, and also when
   // no session came about; "-1" when the phone refused the entry. Both failures show a message.
-  // Throws ConversionError, before anything is sent, when a time does not read.
+  // `written`, where it is given, tells whether the phone took the entry. Throws ConversionError,
+  // before anything is sent, when a time does not read.
   static Text WriteAppointToMobile(const clsT610Appoint& appoint, TessarinMenu& session,
-                                   const PhoneLink& link);
+                                   const PhoneLink& link, bool* written = nullptr);
 
  private:
   int Find(TextView id, int field) const;
@@ -72,5 +73,9 @@ class clsT610AppointList {
   const Language& language_;
   std::vector<std::shared_ptr<clsT610Appoint>> appoints_;
 };
+
+// Leaves in an entry that was written to the phone what the phone has of it: texts that are too
+// long are cut. The next reading finds nothing changed then.
+void CutToPhone(clsT610Appoint& appoint);
 
 }  // namespace tessarin

@@ -69,4 +69,10 @@ bool WriteLines(const std::filesystem::path& file, const std::vector<std::string
   return true;
 }
 
+bool IsSameField(TextView read, TextView saved) {
+  Text texts[] = {Text(read), Text(saved)};
+  for (Text& text : texts) std::erase(text, u'\0');
+  return texts[0] == texts[1];
+}
+
 }  // namespace tessarin::ListFile

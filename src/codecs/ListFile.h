@@ -27,4 +27,8 @@ std::vector<std::string> ReadLines(const std::filesystem::path& file);
 // holds. Gives whether it was written.
 bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines);
 
+// Whether a field that was just read from the phone is as it was saved. The phone's quoting leaves
+// U+0000 behind a text: what went to the phone without one comes back with it, and is the same.
+bool IsSameField(TextView read, TextView saved);
+
 }  // namespace tessarin::ListFile

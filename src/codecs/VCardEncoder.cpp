@@ -80,17 +80,21 @@ std::string HomeLine(const PhoneBookRecord& r) {
                                    Part(r.HomeZip), Part(r.HomeCountry)});
 }
 
-// Two oddities stay, so that phones and books filled by earlier sessions compare as before: the
-// work line is there when a work street or a home place is, and the home street decides the charset
-// of the work street.
+// The home street decides the charset of the work street: an oddity that stays, so that phones and
+// books filled by earlier sessions compare as before.
 std::string WorkLine(const PhoneBookRecord& r) {
-  if (r.WorkStreet.Trimmed().empty() && !HasHomePlace(r)) return {};
+  if (!HasWorkLine(r)) return {};
   const AddressPart street = {r.WorkStreet.Trimmed(), IsSingleByte(r.HomeStreet.Trimmed())};
   return AddressLine(u"ADR;WORK", {street, Part(r.WorkCity), Part(r.WorkState), Part(r.WorkZip),
                                    Part(r.WorkCountry)});
 }
 
 }  // namespace
+
+// An oddity that stays likewise: a work street or a home place decides.
+bool HasWorkLine(const PhoneBookRecord& record) {
+  return !record.WorkStreet.Trimmed().empty() || HasHomePlace(record);
+}
 
 std::string EncodeVCard(const PhoneBookRecord& record) {
   std::string card = StrToHex2(u"BEGIN:VCARD\r\nVERSION:2.1\r\n");

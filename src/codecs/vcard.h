@@ -25,4 +25,8 @@ void DecodeVCards(TextView text, int count, std::vector<PhoneBookRecord>& record
 // unit by unit, so one beyond U+00FF there takes three or four digits.
 std::string EncodeVCard(const PhoneBookRecord& record);
 
+// Whether that card has a line for the work address: it has none for one without a street, unless
+// the home address has a city, state, zip or country.
+bool HasWorkLine(const PhoneBookRecord& record);
+
 }  // namespace tessarin::vcard

@@ -75,6 +75,7 @@ inline constexpr int kSaveTemplates = 512;
 inline constexpr int kReadTemplates = 513;
 inline constexpr int kDeleteComputerFile = 514;
 inline constexpr int kListingDamaged = 515;
+inline constexpr int kSyncStopped = 516;
 
 }  // namespace error
 
@@ -460,6 +461,7 @@ inline constexpr int kSyncToRight = 851;
 inline constexpr int kSyncChoose = 852;
 inline constexpr int kSyncSummary = 853;  // Side, added, updated, left alone, failed.
 inline constexpr int kSyncRow = 854;
+inline constexpr int kSyncReadPhone = 855;
 
 // Help window, message boxes, About, open and save.
 inline constexpr int kHelpTitle = 900;

@@ -2,6 +2,8 @@
 
 #include "core/TextIndex.h"
 #include "outlook/CalendarSyncRows.h"
+#include "outlook/ContactMapping.h"
+#include "phonebook/ContactTexts.h"
 
 namespace tessarin {
 
@@ -13,27 +15,20 @@ constexpr char16_t kParagraphBreak[] = u"\r\n\r\n";
 
 }  // namespace
 
-SyncCount CalendarEngine::SyncPhoneToOutlook(clsT610AppointList& list,
-                                             clsOutAppointList& outlookAppoints,
-                                             const ListView& pane) {
-  count_ = {};
-  ForEachRow(RowsToSync(pane, twoWay, needs_.host, needs_.language), needs_.progress,
-             [&](const std::string& key) {
-               const int position = list.FindExistingMobileID(MobileIdInAppointKey(key));
-               if (IsPosition(position)) ToOutlook(list.item(position), outlookAppoints);
-             });
-  return count_;
+void CalendarEngine::SyncPhoneToOutlook(clsT610AppointList& list,
+                                        clsOutAppointList& outlookAppoints, const ListView& pane) {
+  Walk(pane, [&](const std::string& key) {
+    const int position = list.FindExistingMobileID(MobileIdInAppointKey(key));
+    if (IsPosition(position)) ToOutlook(list.item(position), outlookAppoints);
+  });
 }
 
-SyncCount CalendarEngine::SyncOutlookToPhone(clsOutAppointList& outlookAppoints,
-                                             clsT610AppointList& list, const ListView& pane) {
-  count_ = {};
-  ForEachRow(RowsToSync(pane, twoWay, needs_.host, needs_.language), needs_.progress,
-             [&](const std::string& key) {
-               const int position = outlookAppoints.FindExistingGUID(FromUtf8(key));
-               if (IsPosition(position)) ToPhone(outlookAppoints.item(position), list);
-             });
-  return count_;
+void CalendarEngine::SyncOutlookToPhone(clsOutAppointList& outlookAppoints,
+                                        clsT610AppointList& list, const ListView& pane) {
+  Walk(pane, [&](const std::string& key) {
+    const int position = outlookAppoints.FindExistingGUID(FromUtf8(key));
+    if (IsPosition(position)) ToPhone(outlookAppoints.item(position), list);
+  });
 }
 
 bool CalendarEngine::Replaces(const Side& source, const Side& destination) {
@@ -45,18 +40,24 @@ bool CalendarEngine::Replaces(const Side& source, const Side& destination) {
 
 // The placeholder of the first time takes the bracket behind it along, and puts it back.
 bool CalendarEngine::Ask(const Side& replaced, const Side& replacing) {
-  Text question = needs_.language.getTSPromptStr(text::prompt::kReplaceEvent);
-  question = Replace(question, u"###1", kParagraphBreak + replaced.subject);
+  Text question = language_.getTSPromptStr(text::prompt::kReplaceEvent);
+  question = Replace(question, u"###1", kParagraphBreak + Shown(replaced.subject));
   question = Replace(question, u"###2)", replaced.time + u")" + kParagraphBreak);
-  question = Replace(question, u"###3", kParagraphBreak + replacing.subject);
+  question = Replace(question, u"###3", kParagraphBreak + Shown(replacing.subject));
   question = Replace(question, u"###4", replacing.time);
-  return needs_.host.MessageBox(question, MessageKind::Question, MessageButtons::OkCancel) ==
-         Answer::Ok;
+  return host_.MessageBox(question, MessageKind::Question, MessageButtons::OkCancel) == Answer::Ok;
 }
 
+// An entry whose item cannot be read is not gone from there. What another program changed while the
+// question stood was seen by nobody, and stays.
 void CalendarEngine::ToOutlook(clsT610Appoint& entry, clsOutAppointList& outlookAppoints) {
-  const int found = outlookAppoints.FindExistingGUID(entry.GetData(A::kGuid));
+  const Text& guid = entry.GetData(A::kGuid);
+  const int found = outlookAppoints.FindExistingGUID(guid);
   if (!IsPosition(found)) {
+    if (outlookAppoints.IsSkipped(guid)) {
+      ++count_.failed;
+      return;
+    }
     outlookAppoints.AddOutlookAppoint(entry);
     ++count_.added;
     return;
@@ -65,6 +66,10 @@ void CalendarEngine::ToOutlook(clsT610Appoint& entry, clsOutAppointList& outlook
   const Text oldTime = modDate::FormatDateText(old.LastModificationTime);
   if (!Replaces({entry.GetData(A::kSubject), entry.GetData(A::kModified)},
                 {old.Subject, oldTime})) {
+    return;
+  }
+  if (ModifiedText(*outlookAppoints.item(found).AItem) != oldTime) {
+    ++count_.leftAlone;
     return;
   }
   outlookAppoints.UpdateOutlookAppoint(entry, found);
@@ -77,14 +82,7 @@ void CalendarEngine::ToPhone(clsOutAppoint& appoint, clsT610AppointList& list) {
   const OutlookFacts facts = FactsOf(appoint);
   const int found = list.FindExistingGUID(facts.EntryID);
   if (!IsPosition(found)) {
-    list.AddOutlookAppoint(facts, u"-1");
-    const Text result = needs_.writeToPhone(list.item(list.Count()));
-    if (result == u"-1") {
-      list.Remove(list.Count());
-    } else {
-      list.item(list.Count()).LetData(result, A::kMobileId);
-    }
-    ++(result == u"-1" || result.empty() ? count_.failed : count_.added);
+    AddToPhone(facts, list);
     return;
   }
   clsT610Appoint& old = list.item(found);
@@ -93,7 +91,30 @@ void CalendarEngine::ToPhone(clsOutAppoint& appoint, clsT610AppointList& list) {
     return;
   }
   list.UpdateOutlookAppoint(facts, found, Text(old.GetData(A::kMobileId)));
-  ++(needs_.writeToPhone(old) == u"-1" ? count_.failed : count_.updated);
+  bool written = false;
+  needs_.writeToPhone(old, written);
+  if (written) CutToPhone(old);
+  ++(written ? count_.updated : count_.failed);
+}
+
+void CalendarEngine::AddToPhone(const OutlookFacts& facts, clsT610AppointList& list) {
+  list.AddOutlookAppoint(facts, u"-1");
+  const int last = list.Count();
+  Text result;
+  bool written = false;
+  try {
+    result = needs_.writeToPhone(list.item(last), written);
+  } catch (...) {
+    list.Remove(last);  // the program ends while the phone is silent: nobody knows what it took
+    throw;
+  }
+  ++(written ? count_.added : count_.failed);
+  if (result == u"-1") {
+    list.Remove(last);
+    return;
+  }
+  list.item(last).LetData(result, A::kMobileId);
+  if (written) CutToPhone(list.item(last));
 }
 
 }  // namespace tessarin

@@ -10,28 +10,27 @@
 
 namespace tessarin {
 
-class CalendarEngine {
+class CalendarEngine : public SyncEngine {
  public:
   // All must outlive the engine.
   struct Needs {
     WindowHost& host;
     const Language& language;
     SyncProgress& progress;
-    // Writes an entry to the phone, as a new one when it has no identifier. Answers "-1" when that
-    // failed, and for a new entry its identifier.
-    std::function<Text(clsT610Appoint& entry)> writeToPhone;
+    // Writes an entry to the phone, as a new one when it has no identifier. Answers "-1" when the
+    // phone refused it, empty text when no session came about, and for a new entry its identifier;
+    // `written` becomes whether the phone took it.
+    std::function<Text(clsT610Appoint& entry, bool& written)> writeToPhone;
   };
-  explicit CalendarEngine(Needs needs) : needs_(std::move(needs)) {}
+  explicit CalendarEngine(Needs needs)
+      : SyncEngine(needs.host, needs.language, needs.progress), needs_(std::move(needs)) {}
 
-  bool twoWay = false;
-
-  // Each walks the rows of `pane`, which shows the source, and tells what became of them. In a
-  // two-way run all rows are walked, and the later of two entries wins; else the selected ones, and
-  // a question decides. Faults of Outlook's rise.
-  SyncCount SyncPhoneToOutlook(clsT610AppointList& list, clsOutAppointList& outlookAppoints,
-                               const ListView& pane);
-  SyncCount SyncOutlookToPhone(clsOutAppointList& outlookAppoints, clsT610AppointList& list,
-                               const ListView& pane);
+  // Each walks the rows of `pane`, which shows the source. Where the user is asked, a box asks for
+  // each entry. Faults of Outlook's rise.
+  void SyncPhoneToOutlook(clsT610AppointList& list, clsOutAppointList& outlookAppoints,
+                          const ListView& pane);
+  void SyncOutlookToPhone(clsOutAppointList& outlookAppoints, clsT610AppointList& list,
+                          const ListView& pane);
 
  private:
   struct Side {
@@ -42,9 +41,9 @@ class CalendarEngine {
   bool Ask(const Side& replaced, const Side& replacing);
   void ToOutlook(clsT610Appoint& entry, clsOutAppointList& outlookAppoints);
   void ToPhone(clsOutAppoint& appoint, clsT610AppointList& list);
+  void AddToPhone(const OutlookFacts& facts, clsT610AppointList& list);
 
   Needs needs_;
-  SyncCount count_;
 };
 
 }  // namespace tessarin

@@ -1,6 +1,7 @@
 #include "outlook/CalendarSyncRows.h"
 
 #include "core/TextIndex.h"
+#include "phonebook/ContactTexts.h"
 
 namespace tessarin {
 
@@ -37,12 +38,16 @@ std::vector<ListColumn> AppointColumns(const Language& language) {
   return columns;
 }
 
+// The first cell of the phone's entries is the kept word, MISCELLANEOUS for all: the list knows no
+// types, and this is what Outlook gets as the category.
 std::vector<ListRow> AppointRows(const clsT610AppointList& list) {
   std::vector<ListRow> rows;
   for (const auto& entry : list.NewEnum()) {
     ListRow row;
     row.key = std::string(kItem) + ToUtf8(entry->GetData(A::kMobileId));
-    for (const Column& column : kColumns) row.cells.push_back(entry->GetData(column.field));
+    for (const Column& column : kColumns) {
+      row.cells.push_back(Shown(entry->GetData(column.field)));
+    }
     rows.push_back(std::move(row));
   }
   return rows;

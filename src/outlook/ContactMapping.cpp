@@ -6,80 +6,65 @@ namespace {
 
 using P = outlook::ContactProperty;
 
+// In the order of reading.
+constexpr struct {
+  ContactField entry;
+  std::size_t writeTurn;  // counted from 1
+} kMapping[] = {
+    {{3, P::FullName}, 1},
+    {{4, P::HomeTelephoneNumber}, 2},
+    {{5, P::BusinessTelephoneNumber}, 3},
+    {{6, P::MobileTelephoneNumber}, 4},
+    {{7, P::BusinessFaxNumber}, 5},
+    {{8, P::OtherTelephoneNumber}, 6},
+    {{9, P::Email1Address}, 7},
+    {{10, P::CompanyName}, 10},
+    {{11, P::Email2Address}, 8},
+    {{12, P::Email3Address}, 9},
+    {{24, P::WebPage}, 16},
+    {{14, P::HomeAddressStreet}, 14},
+    {{15, P::HomeAddressCity}, 11},
+    {{16, P::HomeAddressState}, 15},
+    {{17, P::HomeAddressPostalCode}, 13},
+    {{18, P::HomeAddressCountry}, 12},
+    {{19, P::BusinessAddressStreet}, 21},
+    {{20, P::BusinessAddressCity}, 17},
+    {{21, P::BusinessAddressState}, 20},
+    {{22, P::BusinessAddressPostalCode}, 19},
+    {{23, P::BusinessAddressCountry}, 18},
+};
+static_assert(std::size(kMapping) == outlook::kContactProperties);
+
+constexpr auto kReadOrder = [] {
+  ContactFields order{};
+  for (std::size_t i = 0; i < order.size(); ++i) order[i] = kMapping[i].entry;
+  return order;
+}();
+
+constexpr auto kWriteOrder = [] {
+  ContactFields order{};
+  for (const auto& row : kMapping) order[row.writeTurn - 1] = row.entry;
+  return order;
+}();
+
 }  // namespace
 
-const std::vector<ContactField> kContactReadOrder = {
-    {3, P::FullName},
-    {4, P::HomeTelephoneNumber},
-    {5, P::BusinessTelephoneNumber},
-    {6, P::MobileTelephoneNumber},
-    {7, P::BusinessFaxNumber},
-    {8, P::OtherTelephoneNumber},
-    {9, P::Email1Address},
-    {10, P::CompanyName},
-    {11, P::Email2Address},
-    {12, P::Email3Address},
-    {24, P::WebPage},
-    {14, P::HomeAddressStreet},
-    {15, P::HomeAddressCity},
-    {16, P::HomeAddressState},
-    {17, P::HomeAddressPostalCode},
-    {18, P::HomeAddressCountry},
-    {19, P::BusinessAddressStreet},
-    {20, P::BusinessAddressCity},
-    {21, P::BusinessAddressState},
-    {22, P::BusinessAddressPostalCode},
-    {23, P::BusinessAddressCountry},
-};
-
-const std::vector<ContactField> kContactWriteOrder = {
-    {3, P::FullName},
-    {4, P::HomeTelephoneNumber},
-    {5, P::BusinessTelephoneNumber},
-    {6, P::MobileTelephoneNumber},
-    {7, P::BusinessFaxNumber},
-    {8, P::OtherTelephoneNumber},
-    {9, P::Email1Address},
-    {11, P::Email2Address},
-    {12, P::Email3Address},
-    {10, P::CompanyName},
-    {15, P::HomeAddressCity},
-    {18, P::HomeAddressCountry},
-    {17, P::HomeAddressPostalCode},
-    {14, P::HomeAddressStreet},
-    {16, P::HomeAddressState},
-    {24, P::WebPage},
-    {20, P::BusinessAddressCity},
-    {23, P::BusinessAddressCountry},
-    {22, P::BusinessAddressPostalCode},
-    {21, P::BusinessAddressState},
-    {19, P::BusinessAddressStreet},
-};
+const ContactFields& ContactReadOrder() { return kReadOrder; }
+const ContactFields& ContactWriteOrder() { return kWriteOrder; }
 
 Text ModifiedText(outlook::Item& item) {
   return modDate::FormatDateText(item.LastModificationTime());
 }
 
-void UpdateByOutlookContact(clsT610Contact& contact, const clsOutlookContact& outlookContact) {
+clsT610Contact ContactOf(const clsOutlookContact& outlookContact) {
   outlook::ContactItem& item = *outlookContact.CItem;
+  clsT610Contact contact;
   contact.LetData(item.EntryID(), clsT610Contact::kGuid);
   contact.LetData(ModifiedText(item), clsT610Contact::kModified);
-  for (const ContactField& entry : kContactReadOrder) {
+  for (const ContactField& entry : kReadOrder) {
     contact.LetData(item.Get(entry.property), entry.field);
   }
-}
-
-void UpdateOutlookContact(clsT610ContactList& list, const clsOutlookContact& outlookContact,
-                          int index, TextView mobileID) {
-  clsT610Contact& contact = list.item(index);
-  if (mobileID != u"-1") contact.LetData(Text(mobileID), clsT610Contact::kMobileId);
-  UpdateByOutlookContact(contact, outlookContact);
-}
-
-void AddOutlookContact(clsT610ContactList& list, const clsOutlookContact& outlookContact) {
-  auto contact = std::make_shared<clsT610Contact>();
-  UpdateByOutlookContact(*contact, outlookContact);
-  list.Add(std::move(contact));
+  return contact;
 }
 
 }  // namespace tessarin

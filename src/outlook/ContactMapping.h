@@ -12,21 +12,16 @@ struct ContactField {
   int field;
   outlook::ContactProperty property;
 };
-// In the order in which a contact is read from Outlook.
-extern const std::vector<ContactField> kContactReadOrder;
-// In the order in which it is written there.
-extern const std::vector<ContactField> kContactWriteOrder;
+using ContactFields = std::array<ContactField, outlook::kContactProperties>;
+
+// In the order in which a contact is read from Outlook, and in that in which it is written there.
+const ContactFields& ContactReadOrder();
+const ContactFields& ContactWriteOrder();
 
 // "dd/mm/yyyy hh:mm:ss" of the item's LastModificationTime.
 Text ModifiedText(outlook::Item& item);
 
-// Fields 0 and 2 to 24 as Outlook holds them, empty ones too. Field 1 stays.
-void UpdateByOutlookContact(clsT610Contact& contact, const clsOutlookContact& outlookContact);
-
-// The contact at `index` likewise; field 1 becomes `mobileID` unless that is "-1".
-void UpdateOutlookContact(clsT610ContactList& list, const clsOutlookContact& outlookContact,
-                          int index, TextView mobileID);
-// A new contact at the end, whose field 1 is empty.
-void AddOutlookContact(clsT610ContactList& list, const clsOutlookContact& outlookContact);
+// Fields 0 and 2 to 24 as Outlook holds them, empty ones too; 1 and 13 are empty.
+clsT610Contact ContactOf(const clsOutlookContact& outlookContact);
 
 }  // namespace tessarin

@@ -2,6 +2,7 @@
 
 #include "outlook/ContactMapping.h"
 #include "outlook/ContactRows.h"
+#include "phonebook/ContactRecord.h"
 
 namespace tessarin {
 
@@ -22,66 +23,65 @@ const Text& TimeOf(const clsT610Contact& contact) {
 
 }  // namespace
 
-SyncCount ContactSync::SyncListToOutlook(clsT610ContactList& list,
-                                         clsOutContactList& outlookContacts, const ListView& pane) {
-  count_ = {};
-  ForEachRow(RowsToSync(pane, twoWay, needs_.host, needs_.language), needs_.progress,
-             [&](const std::string& key) {
-               const int position = PositionInKey(key);
-               if (IsPosition(position)) ToOutlook(list.item(position), outlookContacts);
-             });
-  return count_;
+void ContactSync::SyncListToOutlook(clsT610ContactList& list, clsOutContactList& outlookContacts,
+                                    const ListView& pane) {
+  Walk(pane, [&](const std::string& key) {
+    const int position = PositionInKey(key);
+    if (IsPosition(position)) ToOutlook(list.item(position), outlookContacts);
+  });
 }
 
-SyncCount ContactSync::SyncOutlookToList(clsOutContactList& outlookContacts,
-                                         clsT610ContactList& list, const ListView& pane) {
-  count_ = {};
-  ForEachRow(RowsToSync(pane, twoWay, needs_.host, needs_.language), needs_.progress,
-             [&](const std::string& key) {
-               const int position = outlookContacts.FindExistingGUID(FromUtf8(key));
-               if (IsPosition(position)) ToList(outlookContacts.item(position), list);
-             });
-  return count_;
+void ContactSync::SyncOutlookToList(clsOutContactList& outlookContacts, clsT610ContactList& list,
+                                    const ListView& pane) {
+  Walk(pane, [&](const std::string& key) {
+    const int position = outlookContacts.FindExistingGUID(FromUtf8(key));
+    if (IsPosition(position)) ToList(outlookContacts.item(position), list);
+  });
 }
 
-SyncCount ContactSync::SyncListToList(clsT610ContactList& source, clsT610ContactList& destination,
-                                      const ListView& pane) {
-  count_ = {};
-  ForEachRow(RowsToSync(pane, twoWay, needs_.host, needs_.language), needs_.progress,
-             [&](const std::string& key) {
-               const int position = PositionInKey(key);
-               if (IsPosition(position)) ToOtherList(source.item(position), destination);
-             });
-  return count_;
+void ContactSync::SyncListToList(clsT610ContactList& source, clsT610ContactList& destination,
+                                 const ListView& pane) {
+  Walk(pane, [&](const std::string& key) {
+    const int position = PositionInKey(key);
+    if (IsPosition(position)) ToOtherList(source.item(position), destination);
+  });
 }
 
-// Yes alone leaves the decision at No, so the contact is passed over; only Yes to all replaces.
-ContactSync::Act ContactSync::Decide(const Text& sourceTime, const Text& destinationTime,
-                                     const std::function<Text()>& replaced,
-                                     const std::function<Text()>& replacing) {
+ContactSync::Act ContactSync::Decide(const Meeting& meeting) {
   Act act = Act::Leave;
   if (twoWay) {
-    if (modDate::IsDateBefore(destinationTime, sourceTime)) act = Act::Update;
-  } else {
-    if (overwriteDecision != overwrite::kYesToAll && overwriteDecision != overwrite::kNoToAll) {
-      needs_.askOverwrite(replaced(), replacing());
-    }
-    const bool yes =
-        overwriteDecision == overwrite::kYes || overwriteDecision == overwrite::kYesToAll;
-    if (yes) act = addAsNew ? Act::Add : Act::Update;
+    if (modDate::IsDateBefore(meeting.destinationTime(), meeting.sourceTime)) act = Act::Update;
+  } else if (AskToReplace(meeting)) {
+    act = addAsNew ? Act::Add : Act::Update;
   }
   if (act == Act::Leave) ++count_.leftAlone;
   return act;
 }
 
+// Yes alone leaves the decision at No, so the contact is passed over; only Yes to all replaces.
+// What another program changed while the question stood was seen by nobody, and stays.
+bool ContactSync::AskToReplace(const Meeting& meeting) {
+  if (overwriteDecision != overwrite::kYesToAll && overwriteDecision != overwrite::kNoToAll) {
+    const Text seen = meeting.destinationTime();
+    needs_.askOverwrite(meeting.replaced(), meeting.replacing());
+    if (meeting.destinationTime() != seen) return false;
+  }
+  return overwriteDecision == overwrite::kYes || overwriteDecision == overwrite::kYesToAll;
+}
+
+// A contact whose item cannot be read is not gone from there: a second one would be one too many.
 void ContactSync::ToOutlook(clsT610Contact& record, clsOutContactList& outlookContacts) {
-  const int found = outlookContacts.FindExistingGUID(record.GetData(clsT610Contact::kGuid));
+  const Text& guid = record.GetData(clsT610Contact::kGuid);
+  const int found = outlookContacts.FindExistingGUID(guid);
   Act act = Act::Add;
   if (IsPosition(found)) {
     const clsOutlookContact& old = outlookContacts.item(found);
-    act = Decide(
-        TimeOf(record), ModifiedText(*old.CItem), [&] { return FactsOf(old, needs_.language); },
-        [&] { return FactsOf(record, needs_.language); });
+    act = Decide({TimeOf(record), [&] { return ModifiedText(*old.CItem); },
+                  [&] { return FactsOf(old, language_); },
+                  [&] { return FactsOf(record, language_); }});
+  } else if (outlookContacts.IsSkipped(guid)) {
+    ++count_.failed;
+    return;
   }
   if (act == Act::Add) {
     outlookContacts.AddOutlookContact(record);
@@ -97,9 +97,9 @@ void ContactSync::ToList(const clsOutlookContact& contact, clsT610ContactList& l
   Act act = Act::Add;
   if (IsPosition(found)) {
     clsT610Contact& old = list.item(found);
-    act = Decide(
-        ModifiedText(*contact.CItem), TimeOf(old), [&] { return FactsOf(old, needs_.language); },
-        [&] { return FactsOf(contact, needs_.language); });
+    act = Decide({ModifiedText(*contact.CItem), [&] { return TimeOf(old); },
+                  [&] { return FactsOf(old, language_); },
+                  [&] { return FactsOf(contact, language_); }});
     if (act == Act::Add) {
       old.LetData(Text(clsT610ContactList::GetTEMPID()), clsT610Contact::kGuid);
     } else if (act == Act::Update) {
@@ -114,9 +114,9 @@ void ContactSync::ToOtherList(clsT610Contact& record, clsT610ContactList& destin
   Act act = Act::Add;
   if (IsPosition(found)) {
     const clsT610Contact& old = destination.item(found);
-    act = Decide(
-        TimeOf(record), TimeOf(old), [&] { return FactsOf(old, needs_.language); },
-        [&] { return FactsOf(record, needs_.language); });
+    act = Decide({TimeOf(record), [&] { return TimeOf(old); },
+                  [&] { return FactsOf(old, language_); },
+                  [&] { return FactsOf(record, language_); }});
     if (act == Act::Add && !IsPhone(destination)) {
       record.LetData(u"", clsT610Contact::kMobileId);
     }
@@ -128,10 +128,9 @@ void ContactSync::ToOtherList(clsT610Contact& record, clsT610ContactList& destin
 // A contact that is new to the phone never goes onto the SIM.
 void ContactSync::AddFromOutlook(clsT610ContactList& list,
                                  const clsOutlookContact& outlookContact) {
-  AddOutlookContact(list, outlookContact);
+  list.AddOutlookContact(ContactOf(outlookContact));
   if (IsPhone(list)) {
-    clsT610Contact& contact = list.item(list.Count());
-    TakeNewIdentity(list, kPhone, needs_.writeToPhone(contact, kPhone, kNewEntry));
+    AddToPhone(list, list.item(list.Count()), kPhone);
   } else {
     ++count_.added;
   }
@@ -140,18 +139,16 @@ void ContactSync::AddFromOutlook(clsT610ContactList& list,
 void ContactSync::UpdateFromOutlook(clsT610ContactList& list, int index,
                                     const clsOutlookContact& outlookContact,
                                     clsT610Contact& contact) {
-  UpdateOutlookContact(list, outlookContact, index, contact.GetData(clsT610Contact::kMobileId));
-  const bool failed =
-      IsPhone(list) && needs_.writeToPhone(contact, KindOf(contact), kOldEntry) == u"-1";
-  ++(failed ? count_.failed : count_.updated);
+  list.UpdateOutlookContact(ContactOf(outlookContact), index,
+                            Text(contact.GetData(clsT610Contact::kMobileId)));
+  UpdateOnPhone(list, index, contact);
 }
 
 // The phone is given the source itself, not the copy, so that its URL goes along.
 void ContactSync::AddToList(clsT610ContactList& list, clsT610Contact& contact) {
   list.AddContact(contact);
   if (IsPhone(list)) {
-    const char16_t kind = KindOf(contact);
-    TakeNewIdentity(list, kind, needs_.writeToPhone(contact, kind, kNewEntry));
+    AddToPhone(list, contact, KindOf(contact));
   } else {
     ++count_.added;
   }
@@ -159,20 +156,44 @@ void ContactSync::AddToList(clsT610ContactList& list, clsT610Contact& contact) {
 
 void ContactSync::UpdateInList(clsT610ContactList& list, int index, clsT610Contact& contact) {
   list.UpdateContact(contact, index);
-  const bool failed =
-      IsPhone(list) && needs_.writeToPhone(contact, KindOf(contact), kOldEntry) == u"-1";
-  ++(failed ? count_.failed : count_.updated);
+  UpdateOnPhone(list, index, contact);
+}
+
+// What the phone refuses stays in the list all the same: the next reading of the phone finds the
+// other content there, and takes that for the later one.
+void ContactSync::UpdateOnPhone(clsT610ContactList& list, int index, clsT610Contact& contact) {
+  bool written = true;
+  if (IsPhone(list)) {
+    const char16_t kind = KindOf(contact);
+    written = false;
+    needs_.writeToPhone(contact, kind, kOldEntry, written);
+    if (written) CutToPhone(list.item(index), kind);
+  }
+  ++(written ? count_.updated : count_.failed);
 }
 
 // An empty result, when no session was to be had, passes as an identifier: the contact stays, and
-// counts as present on the phone from then on.
-void ContactSync::TakeNewIdentity(clsT610ContactList& list, char16_t kind, const Text& result) {
-  if (result == u"-1") {
-    list.Remove(list.Count());
-  } else {
-    list.item(list.Count()).LetData(kind + result, clsT610Contact::kMobileId);
+// counts as present on the phone from then on. What comes from the own book is known there by the
+// same identifier from now on, or the next run would take both for new.
+void ContactSync::AddToPhone(clsT610ContactList& list, clsT610Contact& contact, char16_t kind) {
+  const int last = list.Count();
+  Text result;
+  bool written = false;
+  try {
+    result = needs_.writeToPhone(contact, kind, kNewEntry, written);
+  } catch (...) {
+    list.Remove(last);  // the program ends while the phone is silent: nobody knows what it took
+    throw;
   }
-  ++(result == u"-1" || result.empty() ? count_.failed : count_.added);
+  ++(written ? count_.added : count_.failed);
+  if (result == u"-1") {
+    list.Remove(last);
+    return;
+  }
+  list.item(last).LetData(kind + result, clsT610Contact::kMobileId);
+  if (!written) return;
+  contact.LetData(kind + result, clsT610Contact::kMobileId);
+  CutToPhone(list.item(last), kind);
 }
 
 }  // namespace tessarin

@@ -16,7 +16,7 @@
 
 namespace tessarin {
 
-class ContactSync {
+class ContactSync : public SyncEngine {
  public:
   // All must outlive the engine.
   struct Needs {
@@ -24,34 +24,42 @@ class ContactSync {
     const Language& language;
     SyncProgress& progress;
     // Writes a contact to the phone's memory "s" or "p", as a new entry when `mode` is 1. Answers
-    // "-1" when that failed, and for a new entry its identifier.
-    std::function<Text(clsT610Contact& contact, char16_t kind, int mode)> writeToPhone;
+    // "-1" when the phone refused it, empty text when no session came about, and for a new entry
+    // its identifier; `written` becomes whether the phone took it.
+    std::function<Text(clsT610Contact& contact, char16_t kind, int mode, bool& written)>
+        writeToPhone;
     // Asks whether to replace one contact by another; the answer goes into `overwriteDecision` and
     // `addAsNew`.
     std::function<void(const Text& replaced, const Text& replacing)> askOverwrite;
   };
-  explicit ContactSync(Needs needs) : needs_(std::move(needs)) {}
+  explicit ContactSync(Needs needs)
+      : SyncEngine(needs.host, needs.language, needs.progress), needs_(std::move(needs)) {}
 
-  bool twoWay = false;
   std::int16_t overwriteDecision = overwrite::kNo;
   bool addAsNew = false;
 
-  // Each walks the rows of `pane`, which shows the source, and tells what became of them. In a
-  // two-way run all rows are walked, and the later of two contacts wins; else the selected ones,
-  // and the overwrite question decides. Faults of Outlook's rise.
-  SyncCount SyncListToOutlook(clsT610ContactList& list, clsOutContactList& outlookContacts,
-                              const ListView& pane);
-  SyncCount SyncOutlookToList(clsOutContactList& outlookContacts, clsT610ContactList& list,
-                              const ListView& pane);
-  SyncCount SyncListToList(clsT610ContactList& source, clsT610ContactList& destination,
-                           const ListView& pane);
+  // Each walks the rows of `pane`, which shows the source. Where the user is asked, the overwrite
+  // question decides. Faults of Outlook's rise.
+  void SyncListToOutlook(clsT610ContactList& list, clsOutContactList& outlookContacts,
+                         const ListView& pane);
+  void SyncOutlookToList(clsOutContactList& outlookContacts, clsT610ContactList& list,
+                         const ListView& pane);
+  void SyncListToList(clsT610ContactList& source, clsT610ContactList& destination,
+                      const ListView& pane);
 
  private:
   enum class Act { Leave, Update, Add };
 
-  // What to do with a contact that is there on both sides.
-  Act Decide(const Text& sourceTime, const Text& destinationTime,
-             const std::function<Text()>& replaced, const std::function<Text()>& replacing);
+  // Two contacts of one identity: the times by which the later one is known, and how each is shown
+  // in the overwrite question.
+  struct Meeting {
+    Text sourceTime;
+    std::function<Text()> destinationTime;
+    std::function<Text()> replaced, replacing;
+  };
+  // What becomes of the destination.
+  Act Decide(const Meeting& meeting);
+  bool AskToReplace(const Meeting& meeting);
   void ToOutlook(clsT610Contact& record, clsOutContactList& outlookContacts);
   void ToList(const clsOutlookContact& contact, clsT610ContactList& list);
   void ToOtherList(clsT610Contact& record, clsT610ContactList& destination);
@@ -62,11 +70,12 @@ class ContactSync {
                          const clsOutlookContact& outlookContact, clsT610Contact& contact);
   void AddToList(clsT610ContactList& list, clsT610Contact& contact);
   void UpdateInList(clsT610ContactList& list, int index, clsT610Contact& contact);
-  // The last contact of the list was written to the phone as a new one, with this result.
-  void TakeNewIdentity(clsT610ContactList& list, char16_t kind, const Text& result);
+  // The phone's half of both. `contact` is written and the contact at `index`, or the list's last
+  // one, stands for it; nothing more is to do when the list is not the phone's.
+  void UpdateOnPhone(clsT610ContactList& list, int index, clsT610Contact& contact);
+  void AddToPhone(clsT610ContactList& list, clsT610Contact& contact, char16_t kind);
 
   Needs needs_;
-  SyncCount count_;
 };
 
 }  // namespace tessarin

@@ -1,5 +1,7 @@
 #include "outlook/SyncDialog.h"
 
+#include "codecs/Faults.h"
+#include "controls/WindowHost.h"
 #include "core/TextIndex.h"
 #include "files/ListSort.h"
 
@@ -11,8 +13,10 @@ SyncDialog::SyncDialog(TessarinMenu& session, frmSplashTransmission& busyWindow,
                        const Kind& kind)
     : Window(session.host(), std::move(name)), session_(session), kind_(kind) {
   session_.jobs().Set(kind_.job, [this, &busyWindow] {
-    busyWindow.PhoneToPc(kind_.worker, Word(kind_.busyText));
-    busyWindow.Work();
+    if (MayRun()) {
+      busyWindow.PhoneToPc(kind_.worker, Word(kind_.busyText));
+      busyWindow.Work();
+    }
     session_.SetCommandIdle();
   });
   busyWindow.workers().Set(kind_.worker, [this] { Run(); });
@@ -72,6 +76,22 @@ void SyncDialog::ClearResults() {
   }
 }
 
+bool SyncDialog::RunPass(int pane, const Text& side, const std::function<void()>& pass,
+                         const SyncCount& count) {
+  try {
+    pass();
+  } catch (const Fault& fault) {
+    SyncCount told = count;
+    ++told.failed;  // the row that it was at
+    ShowResult(pane, side, told);
+    const Text& message = session_.language().getTSErrStr(text::error::kSyncStopped);
+    host().MessageBox(FillPlaceholders(message, {fault.Message()}), MessageKind::Error);
+    return false;
+  }
+  ShowResult(pane, side, count);
+  return true;
+}
+
 void SyncDialog::ShowResult(int pane, const Text& side, const SyncCount& count) {
   Label& result = lblResult[static_cast<std::size_t>(pane)];
   result.text = SummaryOf(session_.language(), side, count);
@@ -93,6 +113,10 @@ void SyncDialog::SortPane(int pane, int column, bool byDate) {
   list.sortAscending = list.sortColumn != column || !list.sortAscending;
   list.sortColumn = column;
   SortListByText(list);
+}
+
+void SyncDialog::ForgetRun() {
+  if (session_.commandState == kind_.job) session_.SetCommandIdle();
 }
 
 // What the buttons ask for is done by the next tick.

@@ -4,6 +4,7 @@
 // them, and what is told of a run.
 
 #include <array>
+#include <functional>
 
 #include "controls/Basics.h"
 #include "controls/ListView.h"
@@ -46,6 +47,8 @@ class SyncDialog : public Window {
   SyncDialog(TessarinMenu& session, frmSplashTransmission& busyWindow, std::string name,
              const Kind& kind);
 
+  // Whether a run makes sense now: the window is open, and what its panes show is whole.
+  virtual bool MayRun() const = 0;
   // The run, inside the busy window.
   virtual void Run() = 0;
   // Whether the user wants the two-way run.
@@ -57,13 +60,17 @@ class SyncDialog : public Window {
   void EnableCommands(bool enabled);
   void EnableTickBoxes(bool enabled);
   void ClearResults();
-  // `count` is what became of the rows that went to that pane's side.
-  void ShowResult(int pane, const Text& side, const SyncCount& count);
+  // Runs a pass to the side of that pane and shows what became of the rows, which `count` tells
+  // then. A fault ends the pass and is told; false: the run ends with it. What was done stays.
+  bool RunPass(int pane, const Text& side, const std::function<void()>& pass,
+               const SyncCount& count);
   // Puts other rows into a pane; none is selected then.
   void FillPane(int pane, std::vector<ListRow> rows);
   // A click on a column's head sorts by it, a second one the other way round.
   void SortPane(int pane, int column, bool byDate);
   void AskAndSync();
+  // A run that was asked for and has not begun is none any more.
+  void ForgetRun();
   bool toLeft() const { return toLeft_; }
   ListView& Pane(int pane) { return lvwLocation[static_cast<std::size_t>(pane)]; }
   Text Word(int index) const { return session_.language().getTSInterfaceStr(index); }
@@ -72,6 +79,7 @@ class SyncDialog : public Window {
   SyncProgress progress_{*this, prgRows, lblRow, session_.language()};
 
  private:
+  void ShowResult(int pane, const Text& side, const SyncCount& count);
   void StartOneWay(bool toLeft);
 
   Kind kind_;

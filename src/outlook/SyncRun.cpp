@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "codecs/Faults.h"
 #include "core/TextIndex.h"
 
 namespace tessarin {
@@ -55,11 +56,18 @@ void SyncProgress::End() {
   label_.visible = false;
 }
 
-void ForEachRow(const std::vector<std::string>& keys, SyncProgress& progress,
-                const std::function<void(const std::string& key)>& each) {
+void SyncEngine::Walk(const ListView& pane,
+                      const std::function<void(const std::string& key)>& each) {
+  count_ = {};
+  const auto keys = RowsToSync(pane, twoWay, host_, language_);
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    progress.Row(static_cast<int>(i) + 1, static_cast<int>(keys.size()));
-    each(keys[i]);
+    progress_.Row(static_cast<int>(i) + 1, static_cast<int>(keys.size()));
+    host_.YieldToScreen();  // the other windows are painted between two rows
+    try {
+      each(keys[i]);
+    } catch (const ConversionError&) {
+      ++count_.failed;
+    }
   }
 }
 

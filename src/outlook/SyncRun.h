@@ -53,8 +53,31 @@ class SyncProgress {
   std::chrono::steady_clock::time_point painted_;
 };
 
-// Calls `each` with every key and moves the progress along.
-void ForEachRow(const std::vector<std::string>& keys, SyncProgress& progress,
-                const std::function<void(const std::string& key)>& each);
+// What both engines are.
+class SyncEngine {
+ public:
+  // Whether all rows take part, and the later of two records wins; else the selected rows do, and
+  // the user is asked.
+  bool twoWay = false;
+
+  // What became of the rows of the last pass, also of one that a fault ended.
+  const SyncCount& count() const { return count_; }
+
+ protected:
+  SyncEngine(WindowHost& host, const Language& language, SyncProgress& progress)
+      : host_(host), language_(language), progress_(progress) {}
+
+  // Counts anew and calls `each` with the key of every row that takes part, while the progress
+  // moves along. A row with a time that does not read counts as failed, and the others have their
+  // turn; further faults rise.
+  void Walk(const ListView& pane, const std::function<void(const std::string& key)>& each);
+
+  WindowHost& host_;
+  const Language& language_;
+  SyncCount count_;
+
+ private:
+  SyncProgress& progress_;
+};
 
 }  // namespace tessarin

@@ -41,19 +41,18 @@ class VdirItem : public Kind {
   // it. One that is damaged now, or holds another item, is left alone: FileError. One that has
   // another name now is followed, one that is gone is written again.
   void Save() override {
-    if (isSaved_ && file_.IsGone()) Follow();
-    std::string old;
-    if (isSaved_ && file_.Exists()) {
-      old = file_.Read();
-      auto now = SameItem(old);
-      if (!now) throw FileError(std::make_error_code(std::errc::bad_message), file_.path());
-      Change(*now);
-      document_ = std::move(*now);
-    } else {
-      Change(document_);
+    try {
+      if (isSaved_ && file_.IsGone()) Follow();
+      std::string old;
+      Document document = isSaved_ && file_.Exists() ? OnDisk(old) : document_;
+      Change(document);
+      const std::string bytes = document.Bytes();
+      if (bytes != old) file_.Write(bytes);
+      document_ = std::move(document);
+    } catch (const FileError&) {
+      Loaded();
+      throw;
     }
-    const std::string bytes = document_.Bytes();
-    if (bytes != old) file_.Write(bytes);
     isSaved_ = true;
     entryId_ = IdentityIn(document_);
     Loaded();
@@ -85,6 +84,14 @@ class VdirItem : public Kind {
       file_ = std::move(file);
       return;
     }
+  }
+
+  // The item as the file holds it now, whose bytes go into `bytes`.
+  Document OnDisk(std::string& bytes) {
+    bytes = file_.Read();
+    auto now = SameItem(bytes);
+    if (!now) throw FileError(std::make_error_code(std::errc::bad_message), file_.path());
+    return std::move(*now);
   }
 
   // What the file's bytes are now, when they still are this item.

@@ -16,7 +16,7 @@ Text clsOutlookContact::GetDisplayName() const {
 }
 
 void clsOutlookContact::UpdateByT610Contact(const clsT610Contact& contact) {
-  for (const ContactField& entry : kContactWriteOrder) {
+  for (const ContactField& entry : ContactWriteOrder()) {
     CItem->Set(entry.property, contact.GetData(entry.field));
   }
   CItem->Save();

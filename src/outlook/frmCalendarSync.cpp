@@ -27,7 +27,7 @@ void frmCalendarSync::FormLoad() {
   lblMobile.text = Word(words::kCalendarSyncPhone);
   lblOutlook.text = Word(words::kCalendarSyncOutlook);
   ApplySyncWords();
-  EnableControls(true);
+  phoneWasLost_ = false;
   progress_.End();
   ClearResults();
   outlookAppoints_ = std::make_unique<clsOutAppointList>(
@@ -36,6 +36,7 @@ void frmCalendarSync::FormLoad() {
   for (ListView& pane : lvwLocation) pane.columns = AppointColumns(session_.language());
   FillAppointRows();
   FillOutlookAppointRows();
+  EnableControls(true);
 }
 
 // The calendar page loads anew from the phone.
@@ -47,9 +48,19 @@ void frmCalendarSync::FormUnload() {
 }
 
 void frmCalendarSync::EnableControls(bool enabled) {
-  EnableCommands(enabled);
+  EnableCommands(enabled && MayRun());
   EnableTickBoxes(enabled);
   cmdCancel.enabled = enabled;
+}
+
+// A folder that could not be read seems to lack what it has: all of that would be added again.
+bool frmCalendarSync::MayRun() const {
+  return IsLoaded() && !phoneWasLost_ && !outlookAppoints_->LoadFailed();
+}
+
+void frmCalendarSync::PhoneLost() {
+  phoneWasLost_ = true;
+  if (IsLoaded()) EnableControls(true);
 }
 
 void frmCalendarSync::FillAppointRows() {
@@ -77,25 +88,30 @@ void frmCalendarSync::CalendarSync() {
   EnableControls(false);
   ClearResults();
   progress_.Begin();
-  if (engine_.twoWay || !toLeft()) PhoneToOutlook();
-  if (engine_.twoWay || toLeft()) OutlookToPhone();
+  const bool finished = (!engine_.twoWay && toLeft()) || PhoneToOutlook();
+  if (finished && (engine_.twoWay || toLeft())) OutlookToPhone();
   progress_.End();
+  needs_.lists.Save();  // the links that it made are nowhere else
   FillAppointRows();
   FillOutlookAppointRows();
   EnableControls(true);
   cmdCancel.caption = Word(words::kBack);
 }
 
-void frmCalendarSync::PhoneToOutlook() {
-  const SyncCount count = engine_.SyncPhoneToOutlook(*needs_.lists.phoneAppointments,
-                                                     *outlookAppoints_, Pane(kPhonePane));
-  ShowResult(kOutlookPane, lblOutlook.text, count);
+bool frmCalendarSync::PhoneToOutlook() {
+  const auto pass = [this] {
+    engine_.SyncPhoneToOutlook(*needs_.lists.phoneAppointments, *outlookAppoints_,
+                               Pane(kPhonePane));
+  };
+  return RunPass(kOutlookPane, lblOutlook.text, pass, engine_.count());
 }
 
 void frmCalendarSync::OutlookToPhone() {
-  const SyncCount count = engine_.SyncOutlookToPhone(
-      *outlookAppoints_, *needs_.lists.phoneAppointments, Pane(kOutlookPane));
-  ShowResult(kPhonePane, lblMobile.text, count);
+  const auto pass = [this] {
+    engine_.SyncOutlookToPhone(*outlookAppoints_, *needs_.lists.phoneAppointments,
+                               Pane(kOutlookPane));
+  };
+  RunPass(kPhonePane, lblMobile.text, pass, engine_.count());
 }
 
 }  // namespace tessarin

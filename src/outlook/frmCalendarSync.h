@@ -11,7 +11,7 @@
 
 namespace tessarin {
 
-class frmCalendarSync : public SyncDialog {
+class frmCalendarSync : public SyncDialog, public SessionPart {
  public:
   // All must outlive the window. Puts its job and its worker into the tables.
   struct Needs {
@@ -19,16 +19,20 @@ class frmCalendarSync : public SyncDialog {
     frmSplashTransmission& busyWindow;
     CalendarLists& lists;
     outlook::Automation& automation;
-    std::function<Text(clsT610Appoint& entry)> writeToPhone;
+    std::function<Text(clsT610Appoint& entry, bool& written)> writeToPhone;
   };
   explicit frmCalendarSync(Needs needs);
 
   Label lblMobile{*this, "lblMobile"};
   Label lblOutlook{*this, "lblOutlook"};
 
+  // The rows are of that connection: nothing is left to do with them but to go back.
+  void PhoneLost() override;
+
  protected:
   void FormLoad() override;
   void FormUnload() override;
+  bool MayRun() const override;
   void Run() override { CalendarSync(); }
   bool AskTwoWay() override;
   void SetTwoWay(bool twoWay) override { engine_.twoWay = twoWay; }
@@ -37,7 +41,8 @@ class frmCalendarSync : public SyncDialog {
  private:
   void CalendarSync();
   void EnableControls(bool enabled);
-  void PhoneToOutlook();
+  // False when a fault ended it.
+  bool PhoneToOutlook();
   void OutlookToPhone();
   void FillAppointRows();
   void FillOutlookAppointRows();
@@ -45,6 +50,7 @@ class frmCalendarSync : public SyncDialog {
   Needs needs_;
   CalendarEngine engine_;
   std::unique_ptr<clsOutAppointList> outlookAppoints_;
+  bool phoneWasLost_ = false;
 };
 
 }  // namespace tessarin

@@ -11,7 +11,8 @@ namespace words = text::interface_;
 
 constexpr char16_t kTessarinName[] = u"Tessarin";
 
-// The columns, counted from 0, that are sorted as dates are.
+// The columns, counted from 0, whose heads sort by date. E-mail addresses stand there, which are
+// none, so a click on these heads keeps the order of the rows; users of this window know it so.
 constexpr int kDateColumnOfLists = 9;
 constexpr int kDateColumnOfOutlook = 8;
 
@@ -77,6 +78,7 @@ void frmPhonebookSync::FormLoad() {
 
 void frmPhonebookSync::FormUnload() {
   syncDialogOpen_ = false;
+  ForgetRun();
   needs_.lists.SavePhoneContacts();
   outlookContacts_.reset();
   session_.Refresh();
@@ -86,7 +88,6 @@ void frmPhonebookSync::FormUnload() {
 void frmPhonebookSync::ApplyWords() {
   caption = Word(words::kPhonebookSyncTitle);
   locationNames_ = {Word(words::kPlacePhone), kTessarinName, Word(words::kPlaceOutlook)};
-  lblChoose.text = Word(words::kSyncChoose);
   ApplySyncWords();
   const struct {
     const char *key, *image;
@@ -122,10 +123,21 @@ clsT610ContactList& frmPhonebookSync::ListAt(Place place) const {
   return place == kPhone ? *needs_.lists.phoneContacts : *needs_.lists.tscContacts;
 }
 
+// A place that is not read, or not whole, seems to lack what it has, and all of that would be
+// added.
+bool frmPhonebookSync::MayRun() const {
+  return syncDialogOpen_ && PlaceOf(0) != kNoPlace && PlaceOf(1) != kNoPlace && !LacksPhone() &&
+         !LacksOutlook();
+}
+
 void frmPhonebookSync::EnablePlaces(bool enabled) {
-  EnableCommands(enabled);
+  lblChoose.text = LacksPhone()     ? Word(words::kSyncReadPhone)
+                   : LacksOutlook() ? session_.language().getTSErrStr(text::error::kLoadOutlook)
+                                    : Word(words::kSyncChoose);
+  EnableCommands(enabled && MayRun());
   EnableTickBoxes(enabled);
   Toolbar1.enabled = enabled;
+  Toolbar1.Enable("sync", enabled && MayRun());
   for (const char* key : {"edit", "delete"}) Toolbar1.Enable(key, false);
 }
 
@@ -156,9 +168,19 @@ void frmPhonebookSync::Fill(int pane) {
                                    : ContactRows(ListAt(place), session_.language()));
 }
 
-void frmPhonebookSync::PhoneFound() {
+void frmPhonebookSync::PhoneLost() {
+  if (syncDialogOpen_) EnablePlaces(false);
+}
+
+bool frmPhonebookSync::LoadWhileConnecting(bar&) {
+  ShowPlacesAgain();
+  return true;
+}
+
+void frmPhonebookSync::ShowPlacesAgain() {
   if (!syncDialogOpen_) return;
   for (int pane = 0; pane < 2; ++pane) Fill(pane);
+  EnablePlaces(PlaceOf(1) != kNoPlace);
 }
 
 void frmPhonebookSync::EnableBookActions(int pane) {
@@ -172,27 +194,26 @@ void frmPhonebookSync::ColumnClicked(int pane, int column) {
 }
 
 bool frmPhonebookSync::AskTwoWay() {
-  const auto takesPart = [this](Place place) { return PlaceOf(0) == place || PlaceOf(1) == place; };
   const int prompt =
-      takesPart(kOutlook) ? text::prompt::kSyncWithOutlook : text::prompt::kSyncWithLocalBook;
+      TakesPart(kOutlook) ? text::prompt::kSyncWithOutlook : text::prompt::kSyncWithLocalBook;
   return session_.host().MessageBox(session_.language().getTSPromptStr(prompt),
                                     MessageKind::Question, MessageButtons::OkCancel) == Answer::Ok;
 }
 
 void frmPhonebookSync::PhonebookSync() {
   cmdCancel.enabled = false;
-  EnableTickBoxes(false);
+  EnablePlaces(false);
   ClearResults();
   progress_.Begin();
   if (engine_.twoWay) {
-    SyncOneWay(0, 1);
-    SyncOneWay(1, 0);
+    if (SyncOneWay(0, 1)) SyncOneWay(1, 0);
   } else if (toLeft()) {
     SyncOneWay(1, 0);
   } else {
     SyncOneWay(0, 1);
   }
   progress_.End();
+  SaveLists();
   EnablePlaces(true);
   EnableBookActions(activePane_);
   cmdCancel.enabled = true;
@@ -200,24 +221,31 @@ void frmPhonebookSync::PhonebookSync() {
   engine_.overwriteDecision = overwrite::kNo;
 }
 
-// Both panes are filled anew, so that the next pass sees what this one added.
-void frmPhonebookSync::SyncOneWay(int sourcePane, int destinationPane) {
-  const SyncCount count =
-      RunEngine(PlaceOf(sourcePane), PlaceOf(destinationPane), Pane(sourcePane));
-  const auto& side = cboLocation[static_cast<std::size_t>(destinationPane)];
-  ShowResult(destinationPane, side.SelectedText(), count);
-  for (int pane = 0; pane < 2; ++pane) Fill(pane);
+// The links that a run made are nowhere else: lost, all that it added would be added once more.
+void frmPhonebookSync::SaveLists() {
+  needs_.lists.SavePhoneContacts();
+  needs_.lists.SaveBook();
 }
 
-SyncCount frmPhonebookSync::RunEngine(Place source, Place destination, const ListView& pane) {
-  if (source == kNoPlace || destination == kNoPlace) return {};
+// Both panes are filled anew, so that the next pass sees what this one added.
+bool frmPhonebookSync::SyncOneWay(int sourcePane, int destinationPane) {
+  const Text side = cboLocation[static_cast<std::size_t>(destinationPane)].SelectedText();
+  const bool finished = RunPass(
+      destinationPane, side,
+      [&] { RunEngine(PlaceOf(sourcePane), PlaceOf(destinationPane), Pane(sourcePane)); },
+      engine_.count());
+  for (int pane = 0; pane < 2; ++pane) Fill(pane);
+  return finished;
+}
+
+void frmPhonebookSync::RunEngine(Place source, Place destination, const ListView& pane) {
   if (destination == kOutlook) {
-    return engine_.SyncListToOutlook(ListAt(source), *outlookContacts_, pane);
+    engine_.SyncListToOutlook(ListAt(source), *outlookContacts_, pane);
+  } else if (source == kOutlook) {
+    engine_.SyncOutlookToList(*outlookContacts_, ListAt(destination), pane);
+  } else {
+    engine_.SyncListToList(ListAt(source), ListAt(destination), pane);
   }
-  if (source == kOutlook) {
-    return engine_.SyncOutlookToList(*outlookContacts_, ListAt(destination), pane);
-  }
-  return engine_.SyncListToList(ListAt(source), ListAt(destination), pane);
 }
 
 void frmPhonebookSync::AskOverwrite(const Text& replaced, const Text& replacing) {

@@ -24,7 +24,10 @@ class frmPhonebookSync : public SyncDialog, public SessionPart {
     frmSplashTransmission& busyWindow;
     PhonebookLists& lists;
     outlook::Automation& automation;
-    std::function<Text(clsT610Contact& contact, char16_t kind, int mode)> writeToPhone;
+    std::function<Text(clsT610Contact& contact, char16_t kind, int mode, bool& written)>
+        writeToPhone;
+    // Whether both memories of the phone were read in this connection.
+    std::function<bool()> phoneIsRead;
     // Opens the contact editor on the contact of `tscContacts` at that position, modally.
     std::function<void(int position)> editRecord;
     // The window is gone; contacts may have changed.
@@ -39,12 +42,16 @@ class frmPhonebookSync : public SyncDialog, public SessionPart {
 
   bool syncDialogOpen() const { return syncDialogOpen_; }
 
-  // A phone was found again: its list is another one.
-  void PhoneFound() override;
+  // While no phone is there nothing can be run. One that is found again has another list, which is
+  // empty until its memories are read.
+  void PhoneLost() override;
+  void PhoneFound() override { ShowPlacesAgain(); }
+  bool LoadWhileConnecting(bar& bars) override;
 
  protected:
   void FormLoad() override;
   void FormUnload() override;
+  bool MayRun() const override;
   void Run() override { PhonebookSync(); }
   bool AskTwoWay() override;
   void SetTwoWay(bool twoWay) override { engine_.twoWay = twoWay; }
@@ -58,13 +65,19 @@ class frmPhonebookSync : public SyncDialog, public SessionPart {
   void FillRightPlaces();
   void PlaceChosen(int pane);
   void Fill(int pane);
+  void ShowPlacesAgain();
   Place PlaceOf(int pane) const;
+  bool TakesPart(Place place) const { return PlaceOf(0) == place || PlaceOf(1) == place; }
+  bool LacksPhone() const { return TakesPart(kPhone) && !needs_.phoneIsRead(); }
+  bool LacksOutlook() const { return TakesPart(kOutlook) && outlookContacts_->LoadFailed(); }
   void EnablePlaces(bool enabled);
   void EnableBookActions(int pane);
 
   void PhonebookSync();
-  void SyncOneWay(int sourcePane, int destinationPane);
-  SyncCount RunEngine(Place source, Place destination, const ListView& pane);
+  void SaveLists();
+  // False when a fault ended it.
+  bool SyncOneWay(int sourcePane, int destinationPane);
+  void RunEngine(Place source, Place destination, const ListView& pane);
 
   void AskOverwrite(const Text& replaced, const Text& replacing);
 

@@ -1,5 +1,7 @@
 #include "phonebook/ContactRecord.h"
 
+#include "codecs/ATPhonebook.h"
+#include "codecs/vcard.h"
 #include "phonebook/clsT610ContactList.h"
 
 namespace tessarin {
@@ -66,6 +68,21 @@ PhoneBookRecord RecordOf(const clsT610Contact& contact) {
   ForEachField(record,
                [&contact](int field, auto& value) { value = OneLine(contact.GetData(field)); });
   return record;
+}
+
+void CutToPhone(clsT610Contact& contact, char16_t kind) {
+  if (kind == u's') {
+    SIMPhoneBookRecord record;
+    record.Text = OneLine(contact.GetData(clsT610Contact::kName));
+    record.Number = OneLine(contact.GetData(clsT610Contact::kHome));
+    contact.LetData(record.Text.Trimmed(), clsT610Contact::kName);
+    contact.LetData(record.Number.Trimmed(), clsT610Contact::kHome);
+    return;
+  }
+  const PhoneBookRecord record = RecordOf(contact);
+  TakeFields(record, contact);
+  if (vcard::HasWorkLine(record)) return;
+  for (int part = 0; part < 5; ++part) contact.LetData(u"", clsT610Contact::kWorkAddress + part);
 }
 
 void TakeReadRecord(const PhoneBookRecord& record, clsT610Contact& contact) {

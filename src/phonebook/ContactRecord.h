@@ -21,6 +21,11 @@ Text OneLine(TextView text);
 // card's property there. What is too long for its field is cut.
 PhoneBookRecord RecordOf(const clsT610Contact& contact);
 
+// Leaves in fields 3 to 24 what the phone has of a contact that was written to it: on the SIM, kind
+// "s", name and first number are cut; in phone memory, kind "p", all that is too long, and a work
+// address that its card had no line for is gone. The next reading finds nothing changed then.
+void CutToPhone(clsT610Contact& contact, char16_t kind);
+
 // Fills fields 1 and 3 to 24 with what was read from the phone, without blanks around.
 void TakeReadRecord(const PhoneBookRecord& record, clsT610Contact& contact);
 

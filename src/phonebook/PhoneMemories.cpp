@@ -93,32 +93,39 @@ const PhoneBookRecord* PhoneMemories::LastWritten(TextView luid) const {
   return found == written_.end() ? nullptr : &found->second;
 }
 
-Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode) {
-  if (kind == kSim) return WriteToSim(contact, mode);
-  if (kind == kPhone) return WriteToPhone(contact, mode);
-  return {};
+Text PhoneMemories::WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode,
+                                         bool* written) {
+  bool done = false;
+  Text result;
+  if (kind == kSim) result = WriteToSim(contact, mode, done);
+  if (kind == kPhone) result = WriteToPhone(contact, mode, done);
+  if (written != nullptr) *written = done;
+  return result;
 }
 
-Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode) {
+Text PhoneMemories::WriteToSim(clsT610Contact& contact, int mode, bool& written) {
   SIMPhoneBookRecord record;
   record.Text = OneLine(contact.GetData(clsT610Contact::kName));
   record.Number = OneLine(contact.GetData(clsT610Contact::kHome));
   if (!SelectSim()) return {};
   if (mode != kNewEntry) {
-    return WriteSimEntry(contact.Identifier(), record) ? Text() : Text(kFailed);
+    written = WriteSimEntry(contact.Identifier(), record);
+    return written ? Text() : Text(kFailed);
   }
   const int free = FindFreeSimLocation();
   const Text location = ToText(free);
-  if (free == 0 || !WriteSimEntry(location, record)) return Text(kFailed);
+  written = free != 0 && WriteSimEntry(location, record);
+  if (!written) return Text(kFailed);
   contact.LetData(Text(1, kSim) + location, clsT610Contact::kMobileId);
   return location;
 }
 
-Text PhoneMemories::WriteToPhone(const clsT610Contact& contact, int mode) {
+Text PhoneMemories::WriteToPhone(const clsT610Contact& contact, int mode, bool& written) {
   const PhoneBookRecord record = RecordOf(contact);
   Text result;
   const Outcome outcome =
       mode == kNewEntry ? AddCard(record, result) : ReplaceCard(contact.Identifier(), record);
+  written = outcome == Outcome::Done;
   return outcome == Outcome::Refused ? Text(kFailed) : result;
 }
 

@@ -47,13 +47,15 @@ class PhoneMemories {
   // field 1 names. "-1" when the phone refused. Otherwise empty text, but for a new entry the
   // location or the LUID, which on the SIM stands in field 1 then; empty also when no SIM or no
   // session was to be had, so that a caller may try again.
-  Text WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode);
+  // `written`, where it is given, tells whether the phone took the contact.
+  Text WriteContactToMobile(clsT610Contact& contact, char16_t kind, int mode,
+                            bool* written = nullptr);
 
  private:
   bool OpenSession();
   Outcome InSession(const std::function<bool()>& act);
-  Text WriteToSim(clsT610Contact& contact, int mode);
-  Text WriteToPhone(const clsT610Contact& contact, int mode);
+  Text WriteToSim(clsT610Contact& contact, int mode, bool& written);
+  Text WriteToPhone(const clsT610Contact& contact, int mode, bool& written);
 
   Session& session_;
   PhoneLink link_;

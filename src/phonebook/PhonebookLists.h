@@ -30,13 +30,13 @@ class PhonebookLists : public SessionPart {
   // Writes the mobile list, if there is one. Kept lines go with it, and a file that could not be
   // read when its lines were needed is left alone.
   void SavePhoneContacts() const;
+  // True when nothing of the book is in memory only.
+  bool SaveBook() const;
   void Unloading() override;
 
  private:
   void ReadBook();
   void ReadPhoneFile();
-  // True when nothing of the book is in memory only.
-  bool SaveBook() const;
   // Those of the kept lines that no contact of `phoneContacts` has taken the place of.
   std::vector<std::string> UnreadLines() const;
 

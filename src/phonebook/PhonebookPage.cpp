@@ -164,8 +164,7 @@ bool PhonebookPage::CanDo(std::string_view action) const {
   if (action == "Save") return list.Count() > 0;
   if (action == "Edit" || action == "Delete") return selected;
   if (action == "CopyToSim") return selected && Kind() == PhoneMemories::kPhone;
-  // A memory that was not read looks empty: all that Outlook knows of it would be added again.
-  return action == "Sync" && sync_ != nullptr && SIMLoaded_ && PMLoaded_;
+  return action == "Sync" && sync_ != nullptr;
 }
 
 void PhonebookPage::Do(std::string_view action) {

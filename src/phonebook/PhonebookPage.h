@@ -37,6 +37,8 @@ class PhonebookPage : public Page {
 
   // What the action "Sync" opens; without it the action is not offered.
   void SetSync(std::function<void()> sync) { sync_ = std::move(sync); }
+  // Both memories were read in this connection, and all of them.
+  bool IsRead() const { return SIMLoaded_ && PMLoaded_ && reader_.PhoneIsWhole(); }
   // Shows the selected memory anew, after contacts of the mobile list were changed elsewhere.
   void ShowAgain();
 

@@ -107,11 +107,10 @@ void PhonebookReader::TakePhone(const std::vector<PhoneBookRecord>& records, int
   bars.Refresh();
   session_.phoneRecordCount = count;
   // An object that was cut short lacks cards, or its last card the identifier.
-  const bool complete =
-      count >= counted && std::none_of(records.begin(), records.end(), [](const auto& record) {
-        return record.Luid.Trimmed().empty();
-      });
-  lists_.MemoryRead(u'p', complete);
+  phoneIsWhole_ = count >= counted &&
+                  std::none_of(records.begin(), records.end(),
+                               [](const auto& record) { return record.Luid.Trimmed().empty(); });
+  lists_.MemoryRead(u'p', phoneIsWhole_);
 }
 
 }  // namespace tessarin

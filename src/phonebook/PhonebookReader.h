@@ -22,6 +22,9 @@ class PhonebookReader {
   [[nodiscard]] bool ReadSim(bar& bars);
   [[nodiscard]] bool ReadPhone(bar& bars);
 
+  // Whether what was last read of phone memory was all that the phone said to have.
+  bool PhoneIsWhole() const { return phoneIsWhole_; }
+
  private:
   // The entries of all places, one behind the other.
   bool ReadSimText(Text& text, bar& bars);
@@ -34,6 +37,7 @@ class PhonebookReader {
   PhoneLink link_;
   PhonebookLists& lists_;
   ATPhonebook book_;
+  bool phoneIsWhole_ = false;
 };
 
 }  // namespace tessarin

@@ -109,7 +109,9 @@ bool clsT610ContactList::LoadT610ContactList(const std::filesystem::path& file) 
 bool clsT610ContactList::IsSameContact(int index, const std::vector<Text>& fields) const {
   const clsT610Contact& contact = item(index);
   for (int field = clsT610Contact::kName; field < GetNoOfField(); ++field) {
-    if (contact.GetData(field) != fields[static_cast<std::size_t>(field)]) return false;
+    if (!ListFile::IsSameField(contact.GetData(field), fields[static_cast<std::size_t>(field)])) {
+      return false;
+    }
   }
   return true;
 }

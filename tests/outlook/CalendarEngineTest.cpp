@@ -42,19 +42,22 @@ class CalendarEngineTest : public SyncBench {
   SyncCount ToOutlook() {
     auto& to = Outlook();
     Show(AppointRows(phone));
-    return engine.SyncPhoneToOutlook(phone, to, pane);
+    engine.SyncPhoneToOutlook(phone, to, pane);
+    return engine.count();
   }
   SyncCount ToPhone() {
     auto& from = Outlook();
     Show(OutlookAppointRows(from));
-    return engine.SyncOutlookToPhone(from, phone, pane);
+    engine.SyncOutlookToPhone(from, phone, pane);
+    return engine.count();
   }
 
   clsT610AppointList phone{language};
   Text result = u"77";
   std::vector<std::string> written;
-  CalendarEngine engine{{host, language, progress, [this](A& entry) {
+  CalendarEngine engine{{host, language, progress, [this](A& entry, bool& done) {
                            written.push_back(ToUtf8(entry.GetData(1) + u" " + entry.GetData(8)));
+                           done = result != u"-1";
                            return result;
                          }}};
 
@@ -133,6 +136,43 @@ TEST_F(CalendarEngineTest, OneWayAsksForEachEntryThatIsThereOnBothSides) {
   selected = {};
   EXPECT_EQ(Told(ToPhone()), "0 0 0 0");
   EXPECT_EQ(host.boxes.back().text, language.getTSErrStr(text::error::kNothingSelected));
+}
+
+TEST_F(CalendarEngineTest, WhatCannotBeReadOrJustChangedStays) {
+  engine.twoWay = true;
+  phone.Add(Entry(u"A", u"id", u"1", kNew));
+  outlook.skipped = {u"id"};
+  EXPECT_EQ(Told(ToOutlook()), "0 0 0 1");
+  EXPECT_TRUE(outlook.appointments.empty());
+
+  engine.twoWay = false;
+  const auto item = outlook.AddAppointment(u"Theirs", kOldTime);
+  phone.item(1).LetData(item->EntryID(), 0);
+  selected = {0};
+  host.whileBoxStands = [&] { ScriptedOutlook::Touch(*item, kNewTime); };
+  EXPECT_EQ(Told(ToOutlook()), "0 0 1 0");
+  EXPECT_EQ(item->fields.Subject, u"Theirs");
+}
+
+TEST_F(CalendarEngineTest, ATimeThatDoesNotReadFailsItsRowAlone) {
+  engine.twoWay = true;
+  for (const char16_t* subject : {u"A", u"B"}) {
+    const auto item = outlook.AddAppointment(u"Theirs", kOldTime);
+    phone.Add(Entry(subject, item->EntryID(), subject, kNew));
+  }
+  phone.item(1).LetData(u"no time at all", A::kEnd);
+  EXPECT_EQ(Told(ToOutlook()), "0 1 0 1");
+  const auto& first = dynamic_cast<ScriptedOutlook::Appointment&>(*outlook.appointments[0]);
+  EXPECT_EQ(first.fields.Subject, u"Theirs") << "nothing of it is set";
+}
+
+TEST_F(CalendarEngineTest, TheListHoldsWhatThePhoneHasRoomFor) {
+  engine.twoWay = true;
+  const auto item = outlook.AddAppointment(Text(120, u's'), kOldTime);
+  item->fields.Location = Text(60, u'l');
+  EXPECT_EQ(Told(ToPhone()), "1 0 0 0");
+  EXPECT_EQ(phone.item(1).GetData(A::kSubject).size(), 100u);
+  EXPECT_EQ(phone.item(1).GetData(A::kLocation).size(), 50u);
 }
 
 TEST_F(CalendarEngineTest, AnEntryIsWrittenInOrderAndItsAlarmCountsFromTheStart) {

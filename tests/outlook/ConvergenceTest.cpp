@@ -24,10 +24,12 @@ class World {
         language_(language),
         outlook_(outlook),
         pane_(pane),
-        engine_(
-            {host, language, progress,
-             [this](clsT610Contact& contact, char16_t, int mode) { return Write(contact, mode); },
-             nullptr}),
+        engine_({host, language, progress,
+                 [this](clsT610Contact& contact, char16_t, int mode, bool& written) {
+                   written = true;
+                   return Write(contact, mode);
+                 },
+                 nullptr}),
         cache_(std::move(cache)),
         isPhone_(isPhone),
         random_(seed) {
@@ -49,10 +51,12 @@ class World {
     clsOutContactList outlook(OutlookNeeds{outlook_, host_, language_});
     outlook.LoadOutlookContact();
     pane_.Fill(ContactRows(list_, language_));
-    const SyncCount there = engine_.SyncListToOutlook(list_, outlook, pane_);
+    engine_.SyncListToOutlook(list_, outlook, pane_);
+    const SyncCount there = engine_.count();
     Advance();
     pane_.Fill(OutlookRows(outlook));
-    const SyncCount back = engine_.SyncOutlookToList(outlook, list_, pane_);
+    engine_.SyncOutlookToList(outlook, list_, pane_);
+    const SyncCount back = engine_.count();
     list_.WriteContactToFile(cache_, {});
     return there.added + there.updated + there.failed + back.added + back.updated + back.failed;
   }
@@ -81,7 +85,7 @@ class World {
       const auto& contact = dynamic_cast<ScriptedOutlook::Contact&>(*item);
       const int position = list_.FindExistingGUID(contact.EntryID());
       ASSERT_GT(position, 0);
-      for (const ContactField& entry : kContactReadOrder) {
+      for (const ContactField& entry : ContactReadOrder()) {
         EXPECT_EQ(list_.item(position).GetData(entry.field), contact.Get(entry.property));
       }
       if (isPhone_) {

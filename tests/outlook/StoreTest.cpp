@@ -143,8 +143,10 @@ TEST_F(StoreTest, AFileThatAnotherProgramChangedIsReadAgainFirst) {
     item->Set(P::FullName, u"B");
     EXPECT_THROW(item->Save(), FileError);
     EXPECT_EQ(Get("Contacts/a.vcf"), other);
+    EXPECT_EQ(item->Get(P::FullName), u"Anna") << "what could not be saved is not shown";
   }
   std::filesystem::remove(folder.Path() / "app/Outlook/Contacts/a.vcf");
+  item->Set(P::FullName, u"B");
   item->Save();
   EXPECT_EQ(Get("Contacts/a.vcf"), CardOf("UID:u\r\nFN:B\r\nN:;B;;;\r\n"));
 }

@@ -9,6 +9,12 @@
 
 namespace tessarin {
 
+namespace {
+
+constexpr int kArrow = 40;  // pixels each way
+
+}  // namespace
+
 QVBoxLayout* SyncPane(SyncDialog& window, int pane, QWidget* head, Binder& bind) {
   const auto at = static_cast<std::size_t>(pane);
   auto* column = new QVBoxLayout;
@@ -24,7 +30,7 @@ QVBoxLayout* SyncArrows(SyncDialog& window, Binder& bind) {
   for (Button* arrow : {&window.cmdToLeft, &window.cmdToRight}) {
     auto* button = bind.Bind(*arrow);
     button->setIconSize({24, 24});
-    button->setFixedSize(40, 40);
+    button->setFixedSize(kArrow, kArrow);
     column->addWidget(button);
   }
   column->addStretch(1);
@@ -32,11 +38,13 @@ QVBoxLayout* SyncArrows(SyncDialog& window, Binder& bind) {
 }
 
 QVBoxLayout* SyncFoot(SyncDialog& window, Binder& bind) {
+  // Each below its pane.
   auto* told = new QHBoxLayout;
-  told->setSpacing(kMargin);
+  told->setSpacing(0);
   for (Label& result : window.lblResult) {
     auto* words = bind.Bind(result);
     words->setMinimumHeight(words->fontMetrics().height() * 2);
+    if (told->count() > 0) told->addSpacing(kArrow + 2 * kGap);
     told->addWidget(words, 1);
   }
   auto* buttons = new QHBoxLayout;
