@@ -62,7 +62,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   clsT610AppointList list(language);
   FillFrom(file.Path(), list);
   const int count = list.Count();
-  Require(list.LoadT610AppointList(file.Path()));
+  const auto unread = list.LoadT610AppointList(file.Path());
+  Require(unread.empty() ||
+          clsT610AppointList::DecodeContactStr(unread.front()).size() < clsT610Appoint::kFields);
   Require(list.Count() == count);
   for (int round = 0; round < 2; ++round) {
     list.WriteContactToFile(file.Path());

@@ -96,11 +96,13 @@ bool CalendarPage::CanDo(std::string_view action) const {
 void CalendarPage::Do(std::string_view action) {
   if (action == "New") NewEvent();
   if (action == "Refresh") session_.commandState = job::kLoadCalendar;
-  if (action == "Delete") session_.commandState = job::kDeleteEvents;
+  if (action == "Delete") {
+    toDelete_ = TickedLuids();
+    session_.commandState = job::kDeleteEvents;
+  }
   if (action == "Sync") sync_();
   if (action != "Edit") return;
-  const ShownList list = FrontList();
-  EditCalendarEntry(list.grid->Cell(TickedRows().front(), list.columns.luid).text);
+  EditCalendarEntry(TickedLuids().front());
 }
 
 CalendarPage::ShownList CalendarPage::FrontList() const {
@@ -118,14 +120,24 @@ std::vector<int> CalendarPage::TickedRows() const {
   return rows;
 }
 
+std::vector<Text> CalendarPage::TickedLuids() const {
+  const ShownList list = FrontList();
+  std::vector<Text> luids;
+  for (const int row : TickedRows()) {
+    luids.push_back(list.grid->Cell(row, list.columns.luid).text);
+  }
+  return luids;
+}
+
 void CalendarPage::NewEvent() {
   editor_.initializeForm();
   editor_.Show(Modality::Modal);
 }
 
-// Rows that are about to be read anew show what the phone no longer holds.
+// Rows that are about to be read anew or deleted show what the phone no longer holds.
 void CalendarPage::EditCalendarEntry(TextView luid) {
-  if (session_.commandState == job::kLoadCalendar) return;
+  const int waiting = session_.commandState;
+  if (waiting == job::kLoadCalendar || waiting == job::kDeleteEvents) return;
   const auto record = std::find_if(
       records_.begin(), records_.end(),
       [luid](const CalendarRecord& candidate) { return candidate.Luid.Trimmed() == luid; });

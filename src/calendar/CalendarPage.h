@@ -26,6 +26,7 @@ class CalendarPage : public Page {
   void Show() override;
   bool CanDo(std::string_view action) const override;
   void Do(std::string_view action) override;
+  void PhoneFound() override { editor_.PhoneFound(); }
   void PhoneLost() override;
   void ApplyTexts() override;
 
@@ -44,6 +45,7 @@ class CalendarPage : public Page {
   };
   ShownList FrontList() const;
   std::vector<int> TickedRows() const;
+  std::vector<Text> TickedLuids() const;
 
   // Job and worker that read the calendar.
   void Load();
@@ -55,10 +57,13 @@ class CalendarPage : public Page {
   // Shows the records in the view that is chosen, and tells when some of them cannot be shown.
   void ShowRecords();
 
-  // Job that deletes the ticked rows.
+  // Job that deletes the rows that were ticked when it was asked for.
   void DeleteTicked();
   // False, the session being open, when the phone refused; true when nothing more is to be closed.
-  bool deletecalnote(Grid& grid);
+  bool deletecalnote();
+  bool DeleteOnPhone(TextView luid);
+  // Takes the tick off a row that is gone from the phone.
+  void Untick(TextView luid);
 
   void NewEvent();
   void EditCalendarEntry(TextView luid);
@@ -84,8 +89,9 @@ class CalendarPage : public Page {
   frmAddEvent editor_;
   std::function<void()> sync_;
   std::vector<CalendarRecord> records_;
-  bool loaded_ = false;    // in this connection
-  bool syncable_ = false;  // the list is that of the phone
+  std::vector<Text> toDelete_;  // LUIDs; the view may be another one when the job runs
+  bool loaded_ = false;         // in this connection
+  bool syncable_ = false;       // the list is that of the phone
 };
 
 }  // namespace tessarin

@@ -35,9 +35,11 @@ Text ShortTime(const Text& dateText) {
 // One line for a cell: line breaks become blanks.
 Text OneLine(const Text& text) { return Replace(Replace(text, u"\r\n", u" "), u"\n", u" "); }
 
+// A category that has no word of its own is shown as the phone names it.
 Text CategoryWord(const CalendarRecord& record, const Language& language) {
-  const int typeNo = clsT610Appoint::TypeOfPhoneCategory(record.Category.Trimmed());
-  return CategoryWords(language)[static_cast<std::size_t>(typeNo - 1)];
+  const Text category = record.Category.Trimmed();
+  const auto place = static_cast<std::size_t>(clsT610Appoint::TypeOfPhoneCategory(category) - 1);
+  return category == kPhoneCategories[place] ? CategoryWords(language)[place] : category;
 }
 
 }  // namespace

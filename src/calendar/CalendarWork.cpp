@@ -1,5 +1,5 @@
 // The Calendar page's work with the phone.
-#include <algorithm>
+#include <cstdint>
 #include <limits>
 
 #include "calendar/CalendarPage.h"
@@ -9,6 +9,14 @@
 #include "core/TextIndex.h"
 
 namespace tessarin {
+
+namespace {
+
+// Entries are counted in 16 bits.
+constexpr int kMostEntries = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t kLuidLength = decltype(CalendarRecord::Luid)::size();
+
+}  // namespace
 
 void CalendarPage::Load() {
   busyWindow_.PhoneToPc(worker::kCalendarLoading,
@@ -20,7 +28,9 @@ void CalendarPage::Load() {
 void CalendarPage::calendarLoading() {
   Text calendarText;
   int count = 0;
-  if (!ReadCalendar(calendarText, count)) return session_.ShowError(text::error::kReadCalendar);
+  if (!ReadCalendar(calendarText, count) || count > kMostEntries) {
+    return session_.ShowError(text::error::kReadCalendar);
+  }
   std::vector<CalendarRecord> records;
   bool isWhole = true;
   try {
@@ -55,10 +65,9 @@ bool CalendarPage::ReadCalendar(Text& calendarText, int& count) {
 
 bool CalendarPage::Decode(const Text& calendarText, int count,
                           std::vector<CalendarRecord>& records) {
-  const int most = std::numeric_limits<std::int16_t>::max();
-  records.resize(static_cast<std::size_t>(std::min(count, most)));
+  records.resize(static_cast<std::size_t>(count));
   try {
-    vcard::DecodeVCalendars(calendarText, static_cast<std::int16_t>(records.size()), records,
+    vcard::DecodeVCalendars(calendarText, static_cast<std::int16_t>(count), records,
                             session_.clock());
   } catch (const vcard::EntryTimeError& fault) {
     TellUnreadable(records[fault.entry()]);
@@ -72,29 +81,42 @@ bool CalendarPage::Decode(const Text& calendarText, int count,
 // the line takes AT commands.
 void CalendarPage::DeleteTicked() {
   session_.SetCommandIdle();
-  const ShownList list = FrontList();
-  if (list.grid != nullptr && !deletecalnote(*list.grid)) link_.obex.EndOBEXSession();
+  if (!deletecalnote()) link_.obex.EndOBEXSession();
 }
 
 // The same words are shown when no session came about; the calendar, read again, shows what is
 // there.
-bool CalendarPage::deletecalnote(Grid& grid) {
-  const ListColumns columns = &grid == &session_.MSHFlexGrid1 ? kAllColumns : kDayColumns;
+bool CalendarPage::deletecalnote() {
   std::string connectionId;
   link_.obex.EndOBEXSession();
   if (link_.obex.ConnectIrmcSync(connectionId)) {
-    for (int row = 1; row < grid.Rows(); ++row) {
-      if (!IsTicked(grid, row, columns.tick)) continue;
-      if (!link_.irmc.DeleteCalendarEntry(grid.Cell(row, columns.luid).text)) {
-        session_.ShowError(text::error::kDeleteEvent);
-        return false;
-      }
+    for (std::size_t done = 0; done < toDelete_.size(); ++done) {
+      if (DeleteOnPhone(toDelete_[done])) continue;
+      for (std::size_t gone = 0; gone < done; ++gone) Untick(toDelete_[gone]);
+      session_.ShowError(text::error::kDeleteEvent);
+      return false;
     }
   }
   link_.obex.EndOBEXSession();
   session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kEventsDeleted));
   session_.commandState = job::kLoadCalendar;
   return true;
+}
+
+// The packet's lengths are those of twelve characters; with others the phone would wait for more
+// than comes, and the program for the phone.
+bool CalendarPage::DeleteOnPhone(TextView luid) {
+  return luid.size() == kLuidLength && link_.irmc.DeleteCalendarEntry(luid);
+}
+
+// Another press of the button then begins with what is there still.
+void CalendarPage::Untick(TextView luid) {
+  const ShownList list = FrontList();
+  for (const int row : TickedRows()) {
+    if (list.grid->Cell(row, list.columns.luid).text != luid) continue;
+    FlipTick(*list.grid, row, list.columns.tick, session_.language());
+  }
+  session_.UpdateActions();
 }
 
 }  // namespace tessarin

@@ -87,15 +87,19 @@ void clsT610AppointList::AddOutlookAppoint(const OutlookFacts& appoint, TextView
   UpdateOutlookAppoint(appoint, Count(), mobileID);
 }
 
-bool clsT610AppointList::LoadT610AppointList(const std::filesystem::path& file) {
+std::vector<std::string> clsT610AppointList::LoadT610AppointList(
+    const std::filesystem::path& file) {
+  return MergeLines(ListFile::ReadLines(file));
+}
+
+std::vector<std::string> clsT610AppointList::MergeLines(const std::vector<std::string>& lines) {
+  auto line = lines.begin();
   try {
-    for (const auto& line : ListFile::ReadLines(file)) MergeAppointRecord(DecodeContactStr(line));
-  } catch (const FileError&) {
-    return false;
+    for (; line != lines.end(); ++line) MergeAppointRecord(DecodeContactStr(*line));
   } catch (const BoundsError&) {
-    // what was merged so far holds
+    return {line, lines.end()};  // what was merged so far holds
   }
-  return true;
+  return {};
 }
 
 // The file holds what the phone held at the last save, so a difference is a change made on the
@@ -119,10 +123,12 @@ bool clsT610AppointList::IsSameAppoint(int index, const std::vector<Text>& field
   });
 }
 
-void clsT610AppointList::WriteContactToFile(const std::filesystem::path& file) const {
+bool clsT610AppointList::WriteContactToFile(const std::filesystem::path& file,
+                                            const std::vector<std::string>& further) const {
   std::vector<std::string> lines;
   for (const auto& appoint : appoints_) lines.push_back(EncodeContactStr(*appoint));
-  ListFile::WriteLines(file, lines);
+  lines.insert(lines.end(), further.begin(), further.end());
+  return ListFile::WriteLines(file, lines);
 }
 
 }  // namespace tessarin

@@ -51,11 +51,15 @@ class clsT610AppointList {
   // For a list just read from the phone: brings back from the file what the phone does not hold,
   // the links to Outlook, and the change times of the entries that are as they were when the file
   // was written. Lines of entries that are not in the list are dropped. A line with too few groups
-  // ends it silently. False when there is a file that cannot be read, which must not be written
-  // over then.
-  [[nodiscard]] bool LoadT610AppointList(const std::filesystem::path& file);
-  // An error ends it silently and leaves the old file whole.
-  void WriteContactToFile(const std::filesystem::path& file) const;
+  // ends it silently, and the lines from that one on come back. Raises FileError when there is a
+  // file that cannot be read.
+  std::vector<std::string> LoadT610AppointList(const std::filesystem::path& file);
+  // The same with lines that stand in no file.
+  std::vector<std::string> MergeLines(const std::vector<std::string>& lines);
+  // The entries' lines and then `further` ones. An error ends it silently and leaves the old file
+  // whole. Gives whether it was written.
+  bool WriteContactToFile(const std::filesystem::path& file,
+                          const std::vector<std::string>& further = {}) const;
 
   // Writes one entry to the phone over a session of its own: replaces the entry of its LUID, or
   // adds one when it has none. Gives the new LUID; empty text for a replaced entry, and also when

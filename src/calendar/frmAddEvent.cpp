@@ -1,8 +1,10 @@
 #include "calendar/frmAddEvent.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "calendar/clsT610Appoint.h"
+#include "codecs/Faults.h"
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
 
@@ -13,10 +15,35 @@ namespace {
 namespace words = text::interface_;
 
 constexpr int kNoObjection = -1;
+constexpr std::size_t kSubjectWidth = decltype(CalendarRecord::Summary)::size();
+constexpr std::size_t kLocationWidth = decltype(CalendarRecord::Location)::size();
+constexpr std::size_t kLuidLength = decltype(CalendarRecord::Luid)::size();
 
 // Whole minutes from one date text to another.
 long long MinutesBetween(const Text& from, const Text& to) {
   return modDate::DaysToMinutes(modDate::ReadSystemDate(to) - modDate::ReadSystemDate(from));
+}
+
+// Whether a text goes into a field of the phone's entry whole. In a text of units up to U+00FF a
+// line break takes three units, "=0A".
+bool Fits(TextView text, std::size_t width) {
+  const bool isEscaped =
+      std::all_of(text.begin(), text.end(), [](char16_t u) { return u <= 0xFF; });
+  const auto breaks = static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
+  return text.size() + (isEscaped ? 2 * breaks : 0) <= width;
+}
+
+// Takes out just in front of `caret`, and moves the caret there, what does not fit; from the end
+// when there is nothing more in front.
+Text Fitted(Text text, int& caret, std::size_t width) {
+  while (!Fits(text, width)) {
+    const bool isInFront = caret > 0;
+    const auto last =
+        isInFront ? std::min(static_cast<std::size_t>(caret), text.size()) : text.size();
+    text.erase(last - 1, 1);
+    if (isInFront) caret = static_cast<int>(last) - 1;
+  }
+  return text;
 }
 
 bool HoldsEqualsSign(const Text& text) { return text.find(u'=') != Text::npos; }
@@ -29,14 +56,15 @@ frmAddEvent::frmAddEvent(TessarinMenu& session, const PhoneLink& link)
       link_(link),
       dates_(MakePickers("DPicker", DateTimePicker::Kind::Date)),
       times_(MakePickers("TPicker", DateTimePicker::Kind::Time)) {
-  Text1.maximumLength = static_cast<int>(decltype(CalendarRecord::Summary)::size());
-  Text2.maximumLength = static_cast<int>(decltype(CalendarRecord::Location)::size());
+  Text1.maximumLength = static_cast<int>(kSubjectWidth);
+  Text2.maximumLength = static_cast<int>(kLocationWidth);
   session_.jobs().Set(job::kWriteEvent, [this] {
     session_.SetCommandIdle();
     AddOrEditCalendar();
   });
   Check1.clicked.Always([this] { EnableAlarm(Check1.checked); });
-  Command1.clicked.Always([this] { session_.commandState = job::kWriteEvent; });
+  Text1.edited.Always([this] { CutSubject(); });
+  Command1.clicked.Always([this] { AskForWriting(); });
   Command2.clicked.Always([this] { Unload(); });
 }
 
@@ -68,13 +96,29 @@ void frmAddEvent::FormLoad() {
   for (const auto& [control, label] : names) control->accessibleName = label->text();
 }
 
-void frmAddEvent::initializeForm() {
+// The tick that was asked for must not write what the user has given up.
+void frmAddEvent::FormUnload() {
+  if (session_.commandState == job::kWriteEvent) session_.SetCommandIdle();
+}
+
+void frmAddEvent::BecomeNew() {
   caption = session_.language().getTSInterfaceStr(words::kEventNewTitle);
+  editLUID.clear();
+  editFlag = 0;
+  isEdit_ = false;
+}
+
+// A phone that does not tell its number may be any.
+void frmAddEvent::PhoneFound() {
+  const bool isSame = !phoneSerial_.empty() && phoneSerial_ == session_.phoneSerial;
+  if (isEdit_ && !isSame) BecomeNew();
+}
+
+void frmAddEvent::initializeForm() {
+  BecomeNew();
   FillCategories();
   Text1.text = u"";
   Text2.text = u"";
-  editLUID.clear();
-  editFlag = 0;
   // A time's picker takes the date as well, so its time is midnight.
   const DateValue today = std::floor(session_.clock().Now());
   for (const Pickers* pickers : {&dates_, &times_}) {
@@ -94,9 +138,16 @@ void frmAddEvent::Fill(const CalendarRecord& record) {
   caption = session_.language().getTSInterfaceStr(words::kEventEditTitle);
   editLUID = record.Luid.Trimmed();
   editFlag = record.Spare;
+  isEdit_ = true;
+  phoneSerial_ = session_.phoneSerial;
   Combo1.Select(clsT610Appoint::TypeOfPhoneCategory(record.Category.Trimmed()) - 1);
-  Text1.text = Replace(record.Summary.Trimmed(), u"\r\n", u"\n");
-  Text2.text = Replace(record.Location.Trimmed(), u"\r\n", u"\n");
+  const auto shown = [](const Text& text, std::size_t width) {
+    int caret = static_cast<int>(text.size());
+    return Fitted(Replace(text, u"\r\n", u"\n"), caret, width);
+  };
+  Text1.text = shown(record.Summary.Trimmed(), kSubjectWidth);
+  Text1.caret = 0;
+  Text2.text = shown(record.Location.Trimmed(), kLocationWidth);
   SetMoment(kStart, record.StartTime.Trimmed());
   // An entry without an end ends when it starts.
   const Text end = record.EndTime.Trimmed();
@@ -105,6 +156,20 @@ void frmAddEvent::Fill(const CalendarRecord& record) {
   if (!alarm.empty()) SetMoment(kAlarm, alarm);
   Check1.checked = !alarm.empty();
   EnableAlarm(Check1.checked);
+}
+
+void frmAddEvent::AskForWriting() {
+  if (session_.statusPhase != kPhonePresent) return session_.ShowError(text::error::kWriteEvent);
+  session_.commandState = job::kWriteEvent;
+}
+
+// What would be cut off on the way to the phone is not taken in the first place.
+void frmAddEvent::CutSubject() {
+  int caret = Text1.caret;
+  const Text fitted = Fitted(Text1.text, caret, kSubjectWidth);
+  if (fitted == Text1.text()) return;
+  Text1.text = fitted;
+  Text1.caret = caret;
 }
 
 void frmAddEvent::SetMoment(Moment moment, const Text& dateText) {
@@ -149,6 +214,7 @@ CalendarRecord frmAddEvent::Record() const {
 }
 
 void frmAddEvent::AddOrEditCalendar() {
+  if (!IsLoaded()) return;
   const int objection = Objection();
   if (objection != kNoObjection) return session_.ShowError(objection);
   CalendarRecord record = Record();
@@ -159,8 +225,15 @@ void frmAddEvent::AddOrEditCalendar() {
   Unload();
 }
 
+// An entry that the phone gave no name cannot be replaced, and would be added once more.
 bool frmAddEvent::Write(CalendarRecord& record) {
-  const std::string hex = vcard::EncodeVCalendar(record, session_.clock());
+  if (isEdit_ && editLUID.size() != kLuidLength) return false;
+  std::string hex;
+  try {
+    hex = vcard::EncodeVCalendar(record, session_.clock());
+  } catch (const ConversionError&) {
+    return false;  // a time that lies outside the calendar in UTC
+  }
   std::string connectionId;
   Text luid;
   link_.port.serial_flush();

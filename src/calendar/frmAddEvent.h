@@ -9,6 +9,7 @@
 #include "controls/Basics.h"
 #include "controls/ItemList.h"
 #include "controls/Steppers.h"
+#include "controls/TextEditor.h"
 #include "controls/Window.h"
 #include "core/PhoneLink.h"
 #include "core/TessarinMenu.h"
@@ -24,7 +25,7 @@ class frmAddEvent : public Window {
   Label Label1{*this, "Label1"};
   ComboBox Combo1{*this, "Combo1"};  // category
   Label Label2{*this, "Label2"};
-  TextBox Text1{*this, "Text1"};  // subject
+  TextEditor Text1{*this, "Text1"};  // subject
   Label Label3{*this, "Label3"};
   TextBox Text2{*this, "Text2"};  // location
   Label Label5{*this, "Label5"};
@@ -52,18 +53,26 @@ class frmAddEvent : public Window {
   // Fills the form with an entry to be rewritten. Throws ConversionError when a time does not read;
   // the form is then not to be shown.
   void Fill(const CalendarRecord& record);
+  // A phone was found again while the form stands. The entry that it was filled with is known to
+  // that one phone only: for another phone the form holds a new entry.
+  void PhoneFound();
   // The job: checks the form, writes the entry to the phone, and on success asks for the calendar
   // to be read anew and closes the form. A message says what was wrong otherwise.
   void AddOrEditCalendar();
 
  protected:
   void FormLoad() override;
+  void FormUnload() override;
 
  private:
   using Pickers = std::array<std::unique_ptr<DateTimePicker>, 3>;
 
   Pickers MakePickers(const std::string& name, DateTimePicker::Kind kind);
   void FillCategories();
+  // Makes it the form of a new entry; what is written in it stays.
+  void BecomeNew();
+  void AskForWriting();
+  void CutSubject();
   void SetMoment(Moment moment, const Text& dateText);
   Text MomentText(Moment moment) const;
   void EnableAlarm(bool enabled);
@@ -76,6 +85,8 @@ class frmAddEvent : public Window {
   PhoneLink link_;
   Pickers dates_;
   Pickers times_;
+  bool isEdit_ = false;
+  Text phoneSerial_;  // of the phone that the form's entry is from
 };
 
 }  // namespace tessarin

@@ -167,9 +167,42 @@ TEST_F(AppointListTest, TheFileKeepsLinksUntilADamagedLine) {
   lists_.Save();
   EXPECT_EQ(File().find("0067006F006E0065"), std::string::npos)
       << "an entry gone from the phone is dropped";
+  EXPECT_TRUE(File().ends_with("\r\n0041\r\n")) << "the damaged line hides nothing any more";
+  lists_.Rebuild(records);
+  EXPECT_EQ(Field(2, Appoint::kGuid), u"id2");
+  list().item(2).LetData(u"newer", Appoint::kGuid);
+  lists_.Save();
+  lists_.Rebuild(records);
+  EXPECT_EQ(Field(2, Appoint::kGuid), u"newer") << "the line of the older link is gone";
 }
 
-TEST_F(AppointListTest, LeavesAFileAloneThatCouldNotBeRead) {
+// What stands in place of the file while it cannot be read or written.
+TEST_F(AppointListTest, LinksOutliveAFileThatFails) {
+  const std::vector<CalendarRecord> records = {Record(u"000100000001", u"Train"),
+                                               Record(u"000100000003", u"Meal")};
+  const auto file = folder_.Path() / "Cal/CalendarMobile.dat";
+  lists_.Rebuild(records);
+  list().item(1).LetData(u"id1", Appoint::kGuid);
+  lists_.Save();
+
+  std::filesystem::rename(file, folder_.Path() / "aside");
+  std::filesystem::create_directory(file);
+  lists_.Rebuild(records);
+  EXPECT_EQ(Field(1, Appoint::kGuid), clsT610AppointList::GetTEMPID());
+  list().item(2).LetData(u"id2", Appoint::kGuid);
+  lists_.Save();
+  lists_.Rebuild(records);
+  EXPECT_EQ(Field(2, Appoint::kGuid), u"id2") << "not saved, and not forgotten";
+
+  std::filesystem::remove(file);
+  std::filesystem::rename(folder_.Path() / "aside", file);
+  lists_.Unloading();
+  lists_.Rebuild(records);
+  EXPECT_EQ(Field(1, Appoint::kGuid), u"id1") << "of the file that could not be read at first";
+  EXPECT_EQ(Field(2, Appoint::kGuid), u"id2");
+}
+
+TEST_F(AppointListTest, KeepsWhatAFileHoldsThatCouldNotBeRead) {
   SetFile("kept");
   const auto file = folder_.Path() / "Cal/CalendarMobile.dat";
   std::filesystem::permissions(file, std::filesystem::perms(0222));
@@ -179,7 +212,7 @@ TEST_F(AppointListTest, LeavesAFileAloneThatCouldNotBeRead) {
   }
   std::filesystem::permissions(file, std::filesystem::perms(0666));
   lists_.Save();
-  EXPECT_EQ(File(), "kept");
+  EXPECT_TRUE(File().ends_with("kept\r\n"));
 }
 
 TEST_F(AppointListTest, WithoutAListNothingIsWritten) {

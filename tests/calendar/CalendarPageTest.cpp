@@ -189,6 +189,21 @@ TEST_F(CalendarPageTest, AnEmptyCalendarShowsNoView) {
   EXPECT_EQ(lists.phoneAppointments->Count(), 0);
 }
 
+TEST_F(CalendarPageTest, ACategoryOfThePhonesOwnIsShownAsItIs) {
+  Fill({{{"kind", "EVENT"}, {"start", "20040515T080000Z"}, {"category", "MEETING"}},
+        {{"kind", "EVENT"}, {"start", "20040515T090000Z"}}});
+  Open();
+  EXPECT_EQ(Row(all, 1), "15/05/2004|09:00:00||MEETING||");
+  EXPECT_EQ(Row(all, 2), "15/05/2004|10:00:00||||");
+}
+
+TEST_F(CalendarPageTest, MoreEntriesThanCanBeCountedAreNotShownAsHalfACalendar) {
+  Fill(std::vector<Fields>(32768, {{"kind", "EVENT"}, {"start", "20040515T080000Z"}}));
+  Open();
+  EXPECT_EQ(LastBox(), Error(text::error::kReadCalendar));
+  EXPECT_EQ(lists.phoneAppointments, nullptr);
+}
+
 TEST_F(CalendarPageTest, AStartThatIsMissingEndsTheViewAndIsNamed) {
   Fill({{{"kind", "EVENT"}, {"start", "20040515T080000Z"}, {"summary", "first"}},
         {{"kind", "EVENT"}, {"summary", "timeless"}},
@@ -261,6 +276,32 @@ TEST_F(CalendarPageTest, ADeleteThatFailsLeavesTheListAndTheLine) {
   EXPECT_EQ(session.commandState, job::kIdlePoll);
   Tick(session.Timer1);
   EXPECT_EQ(PanelText(panel::kBattery), u"85%") << "the line takes commands again";
+
+  settings.With([](auto& behaviour) { behaviour.refusedOperations.clear(); });
+  Press("Delete");
+  Tick(session.Timer1);
+  EXPECT_EQ(LastBox(), Prompt(text::prompt::kEventsDeleted)) << "the first is not asked for again";
+  EXPECT_EQ(Events().size(), 1u);
+}
+
+TEST_F(CalendarPageTest, WhatWasTickedAtThePressIsDeleted) {
+  FillSample();
+  Open();
+  TickRow(all, 3, kAllColumns);
+  bool isOpened = false;
+  host.WhenShown("frmAddEvent", [&](Window& window) {
+    isOpened = true;
+    ScriptedHost::Press(window, "Command2");
+  });
+  Press("Delete");
+  host.RunEvent([this] { all.activated(); });
+  Press("Edit");
+  EXPECT_FALSE(isOpened) << "an entry that is about to go";
+  ChooseView(CalendarView::Month);
+  ChooseView(CalendarView::Day);
+  Tick(session.Timer1);
+  ASSERT_EQ(Events().size(), 3u);
+  EXPECT_EQ(OnPhone(2, "summary"), "Über\nMitternacht");
 }
 
 TEST_F(CalendarPageTest, ALostPhoneTakesItsEntriesAlong) {

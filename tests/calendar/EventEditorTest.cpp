@@ -24,6 +24,20 @@ class EventEditorTest : public CalendarBench {
   void Set(Moment moment, const char16_t* dateText) {
     form.DPicker(moment).value = form.TPicker(moment).value = modDate::ReadSystemDate(dateText);
   }
+  // A user who is quick: what comes before the tick.
+  void Quickly(std::initializer_list<const char*> buttons) {
+    host.WhenShown("frmAddEvent", [buttons](Window& window) {
+      for (const char* button : buttons) ScriptedHost::Press(window, button);
+    });
+    Press("New");
+  }
+  void LosePhone() {
+    port.levels.assign(3, linkport::kNoBatteryLevel);
+    Tick(session.Timer1);
+  }
+  void Reconnect() {
+    for (int tick = 0; tick < 300 && session.statusPhase == kNoPhone; ++tick) Tick(session.Timer2);
+  }
   void SetAlarm(bool alarm) {
     form.Check1.checked = alarm;
     form.Check1.clicked();
@@ -163,6 +177,117 @@ TEST_F(EventEditorTest, AFailedWriteKeepsTheFormOpenAndTheLineFree) {
   EXPECT_EQ(Events().size(), 4u);
   EXPECT_EQ(session.MSHFlexGrid1.Rows(), 4);
   EXPECT_EQ(lists.phoneAppointments->Count(), 3);
+}
+
+TEST_F(EventEditorTest, WhatWasGivenUpIsNotWritten) {
+  FillSample();
+  Open();
+  Quickly({"Command1", "Command2"});
+  EXPECT_EQ(session.commandState, job::kIdlePoll);
+  Quickly({"Command1", "Command2"});
+  host.WhenShown("frmAddEvent", [this](Window& window) {
+    Tick(session.Timer1);
+    EXPECT_TRUE(window.IsLoaded()) << "the next form, which nobody has filled yet";
+    ScriptedHost::Press(window, "Command2");
+  });
+  Press("New");
+  session.commandState = job::kWriteEvent;
+  Tick(session.Timer1);
+  EXPECT_TRUE(host.boxes.empty());
+  EXPECT_EQ(Events().size(), 4u);
+}
+
+// While the form stands, the phone is lost, and the same or another one found.
+TEST_F(EventEditorTest, AnEntryIsRewrittenOnItsOwnPhoneOnly) {
+  const struct {
+    const char* serial;
+    std::size_t entries;
+    const char* first;
+  } cases[] = {
+      {"001017006100427", 4, "Neu"}, {"001017006100999", 5, "Zahnärztin"}, {"", 5, "Zahnärztin"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.serial);
+    FillSample();
+    Open();
+    TickRow(session.MSHFlexGrid1, 1, kAllColumns);
+    InForm([&] {
+      form.Text1.text = u"Neu";
+      LosePhone();
+      host.boxes.clear();
+      ScriptedHost::Press(form, "Command1");
+      EXPECT_EQ(LastBox(), Error(text::error::kWriteEvent)) << "no phone";
+      settings.With([&](auto& behaviour) { behaviour.identity.serial = c.serial; });
+      Reconnect();
+      EXPECT_EQ(session.statusPhase, kPhonePresent);
+    });
+    Press("Edit");
+    EXPECT_TRUE(closedByItself);
+    ASSERT_EQ(Events().size(), c.entries);
+    EXPECT_EQ(OnPhone(0, "summary"), c.first);
+    EXPECT_EQ(OnPhone(c.entries - 1, "summary"), c.entries == 5 ? "Neu" : "Lauf");
+    settings.With([](auto& behaviour) { behaviour.identity = {}; });
+    host.RunEvent([this] { LosePhone(); });
+    Reconnect();
+  }
+}
+
+TEST_F(EventEditorTest, AnEntryWithoutALuidIsNeitherAddedAgainNorDeleted) {
+  FillSample();
+  port.spoil = [](std::string& sent) {
+    const std::string property = "X-IRMC-LUID:000200000001";
+    const auto place = sent.find(property);
+    if (place != std::string::npos) sent.replace(place, 11, "X-IRMC-NONE");
+  };
+  Open();
+  TickRow(session.MSHFlexGrid1, 1, kAllColumns);
+  InForm([] {});
+  Press("Edit");
+  EXPECT_FALSE(closedByItself);
+  EXPECT_EQ(LastBox(), Error(text::error::kWriteEvent));
+  Press("Delete");
+  Tick(session.Timer1);
+  EXPECT_EQ(LastBox(), Error(text::error::kDeleteEvent));
+  EXPECT_EQ(Events().size(), 4u);
+}
+
+TEST_F(EventEditorTest, ATimeBeyondTheCalendarIsRefused) {
+  Open();
+  InForm([this] {
+    Set(form.kStart, u"01/01/0100 00:30");  // an hour earlier in UTC
+  });
+  Press("New");
+  EXPECT_FALSE(closedByItself);
+  EXPECT_EQ(LastBox(), Error(text::error::kWriteEvent));
+  EXPECT_TRUE(Events().empty());
+}
+
+// Of a subject in which line breaks become longer on the way, no more can be typed than arrives.
+TEST_F(EventEditorTest, TheSubjectHoldsWhatThePhoneGets) {
+  Open();
+  const Text lines = u"one\ntwo\nthree\n" + Text(84, u'x') + u"yz";  // 100 units
+  const struct {
+    Text typed;
+    int caret;
+    Text kept;
+  } cases[] = {
+      {lines, 100, u"one\ntwo\nthree\n" + Text(80, u'x')},
+      {lines, 20, u"one\ntwo\nthree\n" + Text(78, u'x') + u"yz"},
+      {lines, 2, u"e\ntwo\nthree\n" + Text(82, u'x')},  // all in front, then from the end
+      {Text(99, u'x') + u"\n", 100, Text(99, u'x')},    // the break that was typed last
+      {Text(100, u'x'), 100, Text(100, u'x')},
+      {u"Ł" + lines.substr(1), 100, u"Ł" + lines.substr(1)},  // UTF-7 keeps a break's length
+  };
+  for (const auto& c : cases) {
+    InForm([&] {
+      form.Text1.text = c.typed;
+      form.Text1.caret = c.caret;
+      form.Text1.edited();
+      EXPECT_EQ(ToUtf8(form.Text1.text()), ToUtf8(c.kept));
+    });
+    Press("New");
+    EXPECT_EQ(OnPhone(Events().size() - 1, "summary"), ToUtf8(TrimBlanks(c.kept)));
+    Tick(session.Timer1);
+  }
 }
 
 TEST_F(EventEditorTest, AnEntryOfTheListGoesToThePhone) {

@@ -56,6 +56,8 @@ TEST(VCalendarReader, ReadsEachEntryFromItsOwnWrapper) {
        {std::tuple(0, u"15/06/2004 10:00:00", u"15/06/2004 09:45:00"),
         {-60, u"15/06/2004 11:00:00", u"15/06/2004 10:45:00"},  // no summer time in June
         {300, u"15/06/2004 05:00:00", u"15/06/2004 04:45:00"},
+        {-270, u"15/06/2004 14:00:00", u"15/06/2004 13:45:00"},     // 4.5 hours become 4
+        {210, u"15/06/2004 06:00:00", u"15/06/2004 05:45:00"},      // and 3.5 become 4
         {-330, u"15/06/2004 16:00:00", u"15/06/2004 15:45:00"}}) {  // half of 11 hours: to even
     const ZoneClock clock(bias);
     const auto records = Decode(text, 3, clock);

@@ -42,9 +42,8 @@ QGridLayout* Fields(frmAddEvent& window, Binder& bind) {
   rows->setColumnMinimumWidth(2, 90);
   rows->setColumnStretch(1, 1);
   rows->setColumnStretch(3, 1);
-  auto* subject = bind.BindMultiLine(window.Text1);
-  subject->setTabChangesFocus(true);
-  subject->setFixedHeight(3 * subject->fontMetrics().lineSpacing() + 12);
+  auto* subject = bind.Bind(window.Text1);
+  subject->setFixedHeight(4 * subject->fontMetrics().lineSpacing() + 12);
   AddField(window.Label1, bind.Bind(window.Combo1), *rows, bind);
   AddField(window.Label2, subject, *rows, bind, Qt::AlignTop);
   AddField(window.Label3, bind.Bind(window.Text2), *rows, bind);
