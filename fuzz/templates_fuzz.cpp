@@ -5,9 +5,9 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tessarin;
   const std::string_view content(reinterpret_cast<const char*>(data), size);
-  const auto templates = ParseTemplates(content);
-  for (const Text& line : templates) Require(line.find_first_of(u"\r\n") == Text::npos);
-  const bool beginsWithMark = !templates.empty() && templates.front().starts_with(u"\uFEFF");
-  Require(beginsWithMark || ParseTemplates(FormatTemplates(templates)) == templates);
+  const TemplateFile file = ParseTemplates(content);
+  for (const Text& line : file.templates) Require(line.find_first_of(u"\r\n") == Text::npos);
+  const std::string written = FormatTemplates(file);
+  Require(written.starts_with("\xEF\xBB\xBF") || ParseTemplates(written) == file);
   return 0;
 }

@@ -37,6 +37,7 @@ AtLine::Event AtLine::TakeBody(std::uint8_t byte) {
   echo_.push_back(byte);
   if (byte == kEndOfBody || byte == kEscape || byte == kReturn) {
     body_ = false;
+    if (byte == kReturn) return Event::BrokenOff;
     return byte == kEndOfBody ? Event::Body : Event::Cancelled;
   }
   line_ += static_cast<char>(byte);
@@ -51,6 +52,8 @@ AtLine::Event AtLine::TakeText(std::uint8_t byte) {
     line_.clear();
   } else if (byte == kBackspace) {
     if (!line_.empty()) line_.pop_back();
+  } else if (byte == kEscape) {
+    return Event::None;
   } else if (line_.size() < 2) {
     TakePrefix(byte);
   } else if (byte < 0x20 || byte == 0x7F) {

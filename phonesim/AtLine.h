@@ -13,13 +13,14 @@ namespace phonesim {
 /// found wherever they stand and throw away the line they interrupt.
 class AtLine {
  public:
-  enum class Event { None, Line, Disconnect, Body, Cancelled };
+  enum class Event { None, Line, Disconnect, Body, Cancelled, BrokenOff };
 
   /// After `Line`, `TakeLine` has the command; after `Disconnect` everything is empty again.
   Event Take(std::uint8_t byte);
 
   /// What follows is the body of the last command: all up to 1A, which is `Body`, or 1B, which is
-  /// `Cancelled`. So is a carriage return, as bodies are single lines.
+  /// `Cancelled`. A carriage return is `BrokenOff`, as bodies are single lines. Outside a body 1B
+  /// means nothing.
   void AwaitBody() { body_ = true; }
 
   /// The command from its "AT" up to, not including, the carriage return; or the body.

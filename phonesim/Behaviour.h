@@ -75,6 +75,9 @@ struct Messages {
   int phoneTotal = 100;
   EmptyLocation emptyLocation = EmptyLocation::Ok;
   bool readingMarks = true;  ///< a received message that was read is no longer unread
+  /// UCS2 user data that end before their own length are sent as they are. A phone goes by the
+  /// length behind AT+CMGS, which must hold all the same.
+  bool takesShortUcs2 = true;
 };
 
 /// How an AT command fails, or with the name "PDU" the body of a message.

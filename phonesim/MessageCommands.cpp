@@ -116,8 +116,10 @@ AtAnswer MessageCommands::Send(const AtCall& call) {
 }
 
 AtAnswer MessageCommands::Submit(const std::string& digits, std::size_t announced) {
+  const bool takesShort =
+      settings_.With([](const Behaviour& b) { return b.messages.takesShortUcs2; });
   try {
-    const Submitted message = ReadSubmit(digits, announced);
+    const Submitted message = ReadSubmit(digits, announced, takesShort);
     memory_.With([&message](Books& books) { books.sent.Take(message); });
   } catch (const PduFault& fault) {
     reports_.Add(fault.what(), ToBytes(digits));

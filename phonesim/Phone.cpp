@@ -95,7 +95,11 @@ void Phone::TakeAt(AtLine::Event event) {
       return RunCommand(line_.TakeLine());
     case AtLine::Event::Body:
       return RunBody(line_.TakeLine());
+    case AtLine::Event::BrokenOff:
+      reports_.Add("message broken off", ToBytes(line_.TakeLine()));
+      return CancelBody();
     case AtLine::Event::Cancelled:
+      line_.TakeLine();
       return CancelBody();
     default:
       BeginAnswer(kDisconnect);
@@ -128,10 +132,7 @@ void Phone::RunBody(const std::string& digits) {
   SendAnswer(kBody, failure ? *failure : takeBody_(digits));
 }
 
-void Phone::CancelBody() {
-  reports_.Add("message broken off", ToBytes(line_.TakeLine()));
-  Send(ToBytes(FormatAtAnswer({})));
-}
+void Phone::CancelBody() { Send(ToBytes(FormatAtAnswer({}))); }
 
 void Phone::SendAnswer(const std::string& name, const AtAnswer& answer) {
   Send(ToBytes(FormatAtAnswer(answer)));

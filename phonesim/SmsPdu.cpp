@@ -82,12 +82,19 @@ std::optional<SmsPart> ReadPart(ByteView header) {
   return part;
 }
 
-void ReadUserData(Reader& pdu, bool hasHeader, Submitted& message) {
+bool IsShortUcs2(const Submitted& message, std::size_t there, std::size_t length) {
+  return message.coding == SmsCoding::Ucs2 && there < length && (length - there) % 2 == 0;
+}
+
+void ReadUserData(Reader& pdu, bool hasHeader, bool takesShortUcs2, Submitted& message) {
   const std::size_t length = pdu.Octet("user data length");
   const bool septets = message.coding == SmsCoding::Gsm;
   const std::size_t size = septets ? (length * 7 + 7) / 8 : length;
   if (size > kUserDataLimit) throw PduFault("more than 140 octets of user data");
-  if (pdu.Rest().size() != size) throw PduFault("user data are not as long as their length");
+  const bool isTaken = takesShortUcs2 && IsShortUcs2(message, pdu.Rest().size(), size);
+  if (pdu.Rest().size() != size && !isTaken) {
+    throw PduFault("user data are not as long as their length");
+  }
   const ByteView data = pdu.Rest();
   Reader user(data);
   std::size_t head = 0;
@@ -173,7 +180,7 @@ void AppendUserData(Bytes& pdu, const SmsDraft& draft) {
 
 }  // namespace
 
-Submitted ReadSubmit(const std::string& digits, std::size_t announced) {
+Submitted ReadSubmit(const std::string& digits, std::size_t announced, bool takesShortUcs2) {
   const auto octets = BytesOfHex(digits);
   if (!octets) throw PduFault("PDU is not made of pairs of digits");
   Reader pdu(*octets);
@@ -188,7 +195,7 @@ Submitted ReadSubmit(const std::string& digits, std::size_t announced) {
   pdu.Octet("protocol");
   message.coding = ReadCoding(pdu.Octet("data coding"));
   pdu.Octets(ValiditySize(first), "validity");
-  ReadUserData(pdu, (first & kHasHeader) != 0, message);
+  ReadUserData(pdu, (first & kHasHeader) != 0, takesShortUcs2, message);
   return message;
 }
 

@@ -33,11 +33,12 @@ struct Submitted {
 };
 
 /// Takes apart the digits behind AT+CMGS=`announced`: service centre, then the octets that were
-/// announced. Throws `PduFault` unless every length is that of what follows it.
+/// announced. Throws `PduFault` unless every length is that of what follows it; `takesShortUcs2`
+/// lets whole characters of UCS2 be missing at the end.
 ///
 ///     service centre length, service centre | first octet, reference, number length in digits,
 ///     type, number | protocol, coding | validity (0, 1 or 7) | user data length, user data
-Submitted ReadSubmit(const std::string& digits, std::size_t announced);
+Submitted ReadSubmit(const std::string& digits, std::size_t announced, bool takesShortUcs2 = false);
 
 /// The text of one or more parts in UTF-8; data as hexadecimal digits.
 std::string SmsText(SmsCoding coding, ByteView units);

@@ -37,7 +37,7 @@ Program::Program(WindowHost& host, const ProgramFolders& folders, MidiPlayer* pl
       calendarPage_(session_, link_, busyWindow_, calendarLists_),
       messages_(com_),
       composer_(session_, messages_),
-      smsPage_(session_, messages_, busyWindow_, composer_,
+      smsPage_(session_, port_, messages_, busyWindow_, composer_,
                [this](const Text& number) { return NameOfNumber(number); }),
       outlook_(files_, clock_, [this](const Text& names) { TellDamaged(names); }),
       phonebookSync_({session_, busyWindow_, phonebookLists_, outlook_,

@@ -32,6 +32,10 @@ class ATLine {
   // callers look for "OK" in the answer.
   virtual Text ReadATResponse() = 0;
 
+  // True when the time of the last ReadATResponse ran out before any result code came, a plain
+  // "ERROR" being one: the phone still owes that reply, and it may arrive instead of the next.
+  virtual bool IsReplyOwed() const { return false; }
+
   // The reply up to and with CR LF "OK" CR LF or CR LF "+CMS ERROR:", one unit a byte. Waits
   // without limit: the network may take its time over a message that is being sent.
   virtual Text ReadATResponseWait() = 0;

@@ -16,8 +16,13 @@ namespace tessarin {
 namespace {
 
 constexpr char16_t kEndOfMessage = 26;  // Ctrl-Z
+constexpr char16_t kEscape = 27;        // ends the phone's wait for a text
+constexpr char16_t kTimedOut[] = u"ERROR";
 
-bool HoldsOk(const Text& reply) { return reply.find(u"OK") != Text::npos; }
+bool Holds(const Text& reply, TextView piece) { return reply.find(piece) != Text::npos; }
+bool HoldsOk(const Text& reply) { return Holds(reply, u"OK"); }
+// A line of a command's own, as "+CBC: 0,85".
+bool HoldsInformation(const Text& reply) { return Holds(reply, u"\r\n+"); }
 
 // The digits at the front, blanks before them not counting; 0 when there are none.
 std::int16_t LeadingNumber(TextView text) {
@@ -40,6 +45,16 @@ Text Command(TextView name, long long number) { return Text(name) + ToText(numbe
 
 std::string Octet(int value) {
   return modHexStr::BytesToHex({static_cast<std::uint8_t>(value & 0xFF)});
+}
+
+// True when the reply is one to another command, or its echo says that another location was asked
+// for.
+bool IsOfAnother(const Text& reply, int location) {
+  if (HoldsOk(reply) && !Holds(reply, u"+CMGR:") && HoldsInformation(reply)) return true;
+  constexpr TextView kEcho = u"AT+CMGR=";
+  const auto echo = reply.find(kEcho);
+  return echo != Text::npos &&
+         LeadingNumber(TextView(reply).substr(echo + kEcho.size())) != location;
 }
 
 // So many characters of the text from `at` on.
@@ -70,12 +85,20 @@ ATMessages::Random ATMessages::SeededFromClock() {
 
 bool ATMessages::SelectMessageStore(TextView store, std::int16_t& used, std::int16_t& total) {
   if (!line_.SendATCommand(Text(u"AT+CPMS=").append(store))) return false;
-  const Text reply = line_.ReadATResponse();
+  const Text reply = ReadReply(u"+CPMS:");
   if (!HoldsOk(reply)) return false;
   const auto fields = FieldsOf(reply);
   used = LeadingNumber(fields[0]);
   total = fields.size() > 1 ? LeadingNumber(fields[1]) : std::int16_t{0};
   return true;
+}
+
+// An OK with nothing else may be the whole answer, and is when nothing follows.
+Text ATMessages::ReadReply(TextView sign) {
+  const Text reply = line_.ReadATResponse();
+  if (!HoldsOk(reply) || Holds(reply, sign)) return reply;
+  const Text next = line_.ReadATResponse();
+  return !HoldsInformation(reply) && next == kTimedOut ? reply : next;
 }
 
 bool ReadMessageReply(TextView reply, SMSMessage& record) {
@@ -86,6 +109,7 @@ bool ReadMessageReply(TextView reply, SMSMessage& record) {
   });
   if (lines.end() - status < 2) return false;
   const std::string pdu = ToUtf8(*std::next(status));
+  if (pdu.empty()) return false;
   const auto centre = static_cast<std::size_t>(modHexStr::HexToBytes(pdu.substr(0, 2))[0]);
   SMS::DecodePDU(LeadingNumber(FieldsOf(*status)[0]),
                  std::string_view(pdu).substr(std::min(pdu.size(), 2 * (centre + 1))), record);
@@ -96,17 +120,30 @@ bool ATMessages::ReadAllMessages(std::int16_t used, std::int16_t total,
                                  std::vector<SMSMessage>& records) {
   records.clear();
   for (int location = 1;; ++location) {
-    if (!line_.SendATCommand(Command(u"AT+CMGR=", location))) return false;
+    Text reply;
+    if (!ReadMessage(location, reply)) return false;
     SMSMessage record;
     record.location = static_cast<std::int16_t>(location);
-    if (ReadMessageReply(line_.ReadATResponse(), record)) records.push_back(record);
+    if (ReadMessageReply(reply, record)) records.push_back(record);
     if (static_cast<int>(records.size()) >= used || location >= total) return true;
   }
 }
 
+// A reply that is late, or has the echo of another location, is waited out once: the next command
+// must not meet the answer to this one.
+bool ATMessages::ReadMessage(int location, Text& reply) {
+  if (!line_.SendATCommand(Command(u"AT+CMGR=", location))) return false;
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    reply = line_.ReadATResponse();
+    if (!line_.IsReplyOwed() && !IsOfAnother(reply, location)) return true;
+  }
+  return false;
+}
+
 bool ATMessages::DeleteMessage(TextView store, std::int16_t location) {
-  if (!line_.SendATCommand(Text(u"AT+CPMS=").append(store))) return false;
-  if (!HoldsOk(line_.ReadATResponse())) return false;
+  std::int16_t used = 0;
+  std::int16_t total = 0;
+  if (!SelectMessageStore(store, used, total)) return false;
   if (!line_.SendATCommand(Command(u"AT+CMGD=", location))) return false;
   return HoldsOk(line_.ReadATResponse());
 }
@@ -118,23 +155,21 @@ bool ATMessages::SendSMS(SMSSendRecord& send) {
   return isSingle ? SendSingle(send, header) : SendInParts(send, header);
 }
 
-// The text goes without the blanks around it while its length counts them. In septets the missing
-// ones are made up at the end; in UCS2 the digits are fewer than the lengths say.
+// The text goes without the blanks around it while the UDL counts them. In septets the missing ones
+// are made up at the end; in UCS2 the user data are shorter than the UDL says.
 bool ATMessages::SendSingle(const SMSSendRecord& send, const std::string& header) {
   const auto length = static_cast<std::size_t>(std::max(send.TextLength, 0));
   Text text = TrimBlanks(Piece(send, 0, length));
   if (send.Coding == kUcs2) {
-    const int octets = 2 * static_cast<int>(length);
-    return SendPart({header, octets, "", modHexStr::StrToHex4(text), 2 * length});
+    return SendPart({header, 2 * static_cast<int>(length), "", modHexStr::StrToHex4(text)});
   }
   text.resize(length, u' ');
-  const std::string data = Packed(text, 0);
-  return SendPart({header, static_cast<int>(length), "", data, data.size() / 2});
+  return SendPart({header, static_cast<int>(length), "", Packed(text, 0)});
 }
 
 // The user data header takes six octets: with one fill bit seven septets. A full part has 153
 // septets, or 67 characters of two octets. A UCS2 part loses the blanks around it and is then
-// shorter than its lengths say.
+// shorter than its UDL says.
 bool ATMessages::SendInParts(const SMSSendRecord& send, const std::string& header) {
   constexpr double kReferences = 255;
   const bool isUcs2 = send.Coding == kUcs2;
@@ -147,20 +182,35 @@ bool ATMessages::SendInParts(const SMSSendRecord& send, const std::string& heade
     const std::string dataHeader = SMS::BuildConcatHeader(reference, total, part);
     const std::string data = isUcs2 ? modHexStr::StrToHex4(TrimBlanks(piece)) : Packed(piece, 1);
     const int length = isUcs2 ? 2 * count + 6 : count + 7;
-    const auto octets = isUcs2 ? 2 * static_cast<std::size_t>(count) : data.size() / 2;
-    if (!SendPart({header, length, dataHeader, data, octets})) return false;
+    if (!SendPart({header, length, dataHeader, data})) return false;
   }
   return send.TextLength % partLength != 0;
 }
 
-// The length that AT+CMGS announces leaves out the service centre's octet; the header's "00" for it
-// stands in for the octet of the UDL.
+// Behind a prompt that comes late a first ESC may have been lost.
+void ATMessages::LeavePrompt() {
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    if (!line_.SendATRaw(Text(1, kEscape)) || !Holds(line_.ReadATResponse(), u">")) return;
+  }
+}
+
+// The length that AT+CMGS announces is that of what follows, blanks that were taken off not
+// counting; it leaves out the service centre's octet, whose "00" in the header stands in for the
+// octet of the UDL.
 bool ATMessages::SendPart(const Part& part) {
-  const std::size_t length = part.header.size() / 2 + part.dataHeader.size() / 2 + part.octets;
+  const std::size_t length =
+      part.header.size() / 2 + part.dataHeader.size() / 2 + part.data.size() / 2;
   if (!line_.SendATCommand(Command(u"AT+CMGS=", static_cast<long long>(length)))) return false;
-  if (line_.ReadATResponse().find(u'>') == Text::npos) return false;
+  const Text reply = ReadReply(u">");
+  if (!Holds(reply, u">")) {
+    if (line_.IsReplyOwed() || HoldsOk(reply)) LeavePrompt();
+    return false;
+  }
   const std::string body = part.header + Octet(part.length) + part.dataHeader + part.data;
-  if (!line_.SendATRaw(FromLatin1(body) + kEndOfMessage)) return false;
+  if (!line_.SendATRaw(FromLatin1(body) + kEndOfMessage)) {
+    LeavePrompt();
+    return false;
+  }
   return HoldsOk(line_.ReadATResponseWait());
 }
 

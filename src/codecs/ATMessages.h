@@ -22,13 +22,14 @@ class ATMessages {
 
   // AT+CPMS: chooses the store for the commands that follow. `store` comes with its quotes, as
   // "SM" or "ME" between them. How many messages the store holds and can hold goes into `used` and
-  // `total`.
+  // `total`; a phone that answers no more than OK holds none.
   [[nodiscard]] bool SelectMessageStore(TextView store, std::int16_t& used, std::int16_t& total);
 
   // AT+CMGR from location 1 on, until `used` messages were found or location `total` was read, into
   // `records`, which holds just those that were found. A location without a message costs a round,
-  // and ten seconds on a phone that answers it with a plain ERROR. False when the line fails;
-  // `records` then holds what had been read.
+  // and ten seconds on a phone that answers it with a plain ERROR. False when the line fails, or
+  // when a reply stays away so long that the next could be taken for it: deleting goes by location,
+  // so each message must have its own. `records` then holds what had been read.
   [[nodiscard]] bool ReadAllMessages(std::int16_t used, std::int16_t total,
                                      std::vector<SMSMessage>& records);
 
@@ -48,11 +49,16 @@ class ATMessages {
     int length;          // the UDL
     std::string dataHeader;
     std::string data;
-    std::size_t octets;  // of the data, as announced to the phone
   };
 
   static Random SeededFromClock();
 
+  // The reply to the command just sent, which has `sign` in it unless it is a refusal. A phone that
+  // was busy may give the answer to an earlier command first; that one is passed over.
+  Text ReadReply(TextView sign);
+  bool ReadMessage(int location, Text& reply);
+  // Takes the phone back to commands when it may be waiting for a text.
+  void LeavePrompt();
   bool SendPart(const Part& part);
   bool SendSingle(const SMSSendRecord& send, const std::string& header);
   bool SendInParts(const SMSSendRecord& send, const std::string& header);
@@ -62,7 +68,8 @@ class ATMessages {
 };
 
 // Puts the message of a reply to AT+CMGR into `record`, all but its location. False, and nothing
-// changes, for a reply without a message: one without "OK", or with nothing but that.
+// changes, for a reply without a message: one without "OK", with nothing but that, or with an empty
+// line for the PDU ("+CMGR: 0,,0"), as some phones answer for an empty location.
 //
 //   <lines>                         empty, the echo of the command, or the end of an error's line:
 //                                   the reader of the reply before took that one at its first bytes

@@ -47,14 +47,18 @@ Text UnpackText(std::size_t shift, std::size_t septets, std::string_view hex) {
   return modHexStr::Hex2ToStr(modHexStr::BytesToHex(unpacked));
 }
 
-// The digits of an international number come without a sign, like those of any other.
+// The digits of an international number come without a sign, like those of any other. Digit A is a
+// star, B a hash.
 Text ReadAddress(Reader& reader) {
   auto count = static_cast<std::size_t>(reader.Octet());
   const int type = reader.Octet();
   const std::size_t even = count + count % 2;
   const auto digits = reader.Digits(even);
   if ((type & 0xF0) == 0xD0) return UnpackText(0, even / 2 + 1, digits);
-  return FromLatin1(SwapPairs(digits).substr(0, count));  // the last of an odd number is a filler
+  std::string number = SwapPairs(digits).substr(0, count);  // the last of an odd one is a filler
+  std::replace(number.begin(), number.end(), 'A', '*');
+  std::replace(number.begin(), number.end(), 'B', '#');
+  return FromLatin1(number);
 }
 
 // Passes over the validity period of a SUBMIT.

@@ -16,4 +16,10 @@ bool TextEditor::Insert(TextView piece) {
   return true;
 }
 
+std::size_t FittingLength(TextView text, std::size_t limit) {
+  if (text.size() <= limit) return text.size();
+  const bool isHalved = limit > 0 && (text[limit - 1] & 0xFC00) == 0xD800;
+  return isHalved ? limit - 1 : limit;
+}
+
 }  // namespace tessarin

@@ -28,11 +28,11 @@ const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 140},
                                                   {words::kColumnComputerSize, 90, true},
                                                   {words::kColumnFileType, 95},
                                                   {words::kColumnComputerDate, 118}};
-const std::vector<Column> kMessageColumns = {{-1, 30},
+const std::vector<Column> kMessageColumns = {{-1, 24},
                                              {words::kColumnMessageStore, 80},
-                                             {words::kColumnMessageSender, 150},
-                                             {words::kColumnMessageText, 320},
-                                             {words::kColumnPhoneDate, 140}};
+                                             {words::kColumnMessageSender, 130},
+                                             {words::kColumnMessageText, 310},
+                                             {words::kColumnPhoneDate, 165}};
 const std::vector<Column> kContactColumns = {
     {words::kColumnFileName, 200}, {words::kColumnNumbers, 420}, {-1, 0, false, false}};
 

@@ -454,6 +454,8 @@ inline constexpr int kComposerSending = 824;
 inline constexpr int kGroupDetailsHint = 825;
 inline constexpr int kGroupAdd = 826;
 inline constexpr int kGroupRemove = 827;
+inline constexpr int kComposerStopped = 828;
+inline constexpr int kComposerLeftOut = 829;
 
 // Synchronization and Outlook.
 inline constexpr int kSyncToLeft = 850;

@@ -91,7 +91,10 @@ bool modComLib::SendATText(TextView command) {
 
 Text modComLib::ReadATResponse() {
   ReplyReader reader(port_, {kConnectEnd, kOkEnd, kPromptEnd, kMessageErrorEnd});
-  return ReadWithinLimit(reader, port_) ? FromLatin1(reader.Reply()) : u"ERROR";
+  const bool hasEnded = ReadWithinLimit(reader, port_);
+  const Text reply = FromLatin1(reader.Reply());
+  isReplyOwed_ = !hasEnded && !ContainsIgnoringCase(reply, u"ERROR");
+  return hasEnded ? reply : u"ERROR";
 }
 
 Text modComLib::ReadATResponseWait() {

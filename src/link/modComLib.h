@@ -39,6 +39,7 @@ class modComLib : public ATLine {
   bool SendATRaw(TextView text) override;
   bool SendATText(TextView command) override;
   Text ReadATResponse() override;
+  bool IsReplyOwed() const override { return isReplyOwed_; }
   Text ReadATResponseWait() override;
   Text ReadLongResponse() override;
 
@@ -63,6 +64,7 @@ class modComLib : public ATLine {
   const PortMap& map_;
   PrinterPorts printers_;
   std::int32_t baudRate_ = 0;
+  bool isReplyOwed_ = false;
 };
 
 }  // namespace tessarin

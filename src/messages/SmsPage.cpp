@@ -33,9 +33,10 @@ int StatusOf(const Text& folderKey) {
 
 }  // namespace
 
-SmsPage::SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmission& busyWindow,
-                 frmComposeSMS& composer, NameOfNumber nameOf)
+SmsPage::SmsPage(TessarinMenu& session, linkport& port, ATMessages& messages,
+                 frmSplashTransmission& busyWindow, frmComposeSMS& composer, NameOfNumber nameOf)
     : session_(session),
+      port_(port),
       messages_(messages),
       busyWindow_(busyWindow),
       composer_(composer),
@@ -43,11 +44,8 @@ SmsPage::SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmiss
       sortIcons_(session.lvwPhoneSMS),
       folder_(FolderKey(0)) {
   session_.jobs().Set(job::kLoadMessages, [this] { Load(); });
-  session_.jobs().Set(job::kDeleteMessages, [this] { DeleteSelected(); });
-  session_.jobs().Set(job::kSendMessage, [this] {
-    composer_.StartSendingSMS();
-    session_.SetCommandIdle();
-  });
+  session_.jobs().Set(job::kDeleteMessages, [this] { DeleteConfirmed(); });
+  session_.jobs().Set(job::kSendMessage, [this] { Send(); });
   busyWindow_.workers().Set(worker::kSmsLoading, [this] { smsLoading(); });
   session_.tvwPCSMS.visible = false;  // messages are saved through a dialog, never read back
   session_.tvwPhoneSMS.enabled = false;
@@ -71,9 +69,8 @@ bool SmsPage::CanDo(std::string_view action) const {
 }
 
 void SmsPage::Do(std::string_view action) {
-  const auto& list = session_.lvwPhoneSMS;
   if (action == "New") Compose(u"", u"");
-  if (action == "Reply") Compose(list.Cell(list.Current(), kSenderColumn), currentMessageText_);
+  if (action == "Reply") Compose(shownSender_, currentMessageText_);
   if (action == "Forward") Compose(u"", currentMessageText_);
   if (action == "Refresh") refresh_SMS();
   if (action == "Delete") delete_SMS();
@@ -93,23 +90,35 @@ void SmsPage::delete_SMS() {
   const Answer answer =
       session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kDeleteMessages),
                                  MessageKind::Question, MessageButtons::OkCancel);
-  if (answer == Answer::Ok) session_.commandState = job::kDeleteMessages;
+  if (answer != Answer::Ok) return;
+  keysToDelete_.clear();
+  for (const ListRow& row : session_.lvwPhoneSMS.rows()) {
+    if (row.selected) keysToDelete_.push_back(row.key);
+  }
+  session_.commandState = job::kDeleteMessages;
 }
 
 // The phone's answers are not looked at: what could not be deleted shows again with the reading
 // that follows.
-void SmsPage::DeleteSelected() {
-  for (const ListRow& row : session_.lvwPhoneSMS.rows()) {
-    if (!row.selected) continue;
-    for (const MessagePlace& place : mailbox_.PlacesOf(row.key)) {
+void SmsPage::DeleteConfirmed() {
+  port_.serial_flush();
+  for (const std::string& key : keysToDelete_) {
+    for (const MessagePlace& place : mailbox_.PlacesOf(key)) {
       messages_.DeleteMessage(place.store, place.record->location);
     }
   }
   session_.commandState = job::kLoadMessages;
 }
 
+void SmsPage::Send() {
+  port_.serial_flush();
+  composer_.StartSendingSMS();
+  session_.SetCommandIdle();
+}
+
 void SmsPage::Load() {
   isLoaded_ = false;
+  keysToDelete_.clear();
   FillTree();
   session_.lvwPhoneSMS.Clear();
   session_.lvwPhoneSMS.emptyText = u"";
@@ -128,6 +137,7 @@ void SmsPage::Load() {
 // folder.
 void SmsPage::smsLoading() {
   mailbox_.Clear();
+  port_.serial_flush();
   const bool isRead =
       LoadStore(u"\"SM\"", mailbox_.simMessages) && LoadStore(u"\"ME\"", mailbox_.memMessages);
   session_.tvwPhoneSMS.enabled = true;
@@ -183,23 +193,29 @@ Text SmsPage::SenderTip(const Text& sender) const {
 
 void SmsPage::ShowNothing() {
   currentMessageText_.clear();
+  shownSender_.clear();
   session_.rtbSMS.text = u"";
   session_.rtbSMS.toolTip = session_.language().getTSInterfaceStr(words::kSelectMessage);
   isRowShown_ = false;
   session_.UpdateActions();
 }
 
-void SmsPage::ShowRow() {
+int SmsPage::RowToShow() const {
   const auto& list = session_.lvwPhoneSMS;
-  if (list.Current() < 0 || !list.Row(list.Current()).selected) {
-    if (std::none_of(list.rows().begin(), list.rows().end(),
-                     [](const ListRow& row) { return row.selected; })) {
-      ShowNothing();
-    }
-    return;
-  }
-  const ReadMessage message = mailbox_.Read(list.Row(list.Current()).key);
+  if (list.Current() >= 0 && list.Row(list.Current()).selected) return list.Current();
+  const auto& rows = list.rows();
+  const auto first =
+      std::find_if(rows.begin(), rows.end(), [](const ListRow& row) { return row.selected; });
+  return first == rows.end() ? -1 : static_cast<int>(first - rows.begin());
+}
+
+void SmsPage::ShowRow() {
+  const int index = RowToShow();
+  if (index < 0) return ShowNothing();
+  const auto& list = session_.lvwPhoneSMS;
+  const ReadMessage message = mailbox_.Read(list.Row(index).key);
   currentMessageText_ = message.text;
+  shownSender_ = list.Cell(index, kSenderColumn);
   session_.rtbSMS.toolTip = u"";
   session_.rtbSMS.text = Lines(message, u"\n");
   isRowShown_ = true;
@@ -246,6 +262,7 @@ void SmsPage::SaveSelected() {
 void SmsPage::PhoneLost() {
   isLoaded_ = false;
   mailbox_.Clear();
+  keysToDelete_.clear();
   session_.tvwPhoneSMS.Clear();
   session_.tvwPhoneSMS.enabled = false;
   session_.lvwPhoneSMS.Clear();

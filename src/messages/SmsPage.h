@@ -23,8 +23,8 @@ using NameOfNumber = std::function<Text(const Text& number)>;
 class SmsPage : public Page {
  public:
   // Puts its jobs and its worker into the tables. All must outlive the page.
-  SmsPage(TessarinMenu& session, ATMessages& messages, frmSplashTransmission& busyWindow,
-          frmComposeSMS& composer, NameOfNumber nameOf);
+  SmsPage(TessarinMenu& session, linkport& port, ATMessages& messages,
+          frmSplashTransmission& busyWindow, frmComposeSMS& composer, NameOfNumber nameOf);
 
   int panel() const override { return 1; }
   void Show() override;
@@ -40,9 +40,11 @@ class SmsPage : public Page {
   const RichText& rtbSMSBuffer() const { return rtbSMSBuffer_; }
 
  private:
-  // Jobs.
+  // Jobs. Each begins by dropping what the phone still had to say to the battery's question, which
+  // would be taken for the answer to the first command.
   void Load();
-  void DeleteSelected();
+  void Send();
+  void DeleteConfirmed();
   // The worker of the busy window.
   void smsLoading();
 
@@ -55,6 +57,9 @@ class SmsPage : public Page {
   void FillTree();
   // Lists the folder that the tree has selected.
   void FillList();
+  // The row that the pane shows: the current one if it is selected, else the first that is; -1 when
+  // none is.
+  int RowToShow() const;
   void ShowRow();
   void ShowNothing();
   // Sorts by sender or text as text, by the time as a date; other columns keep the order.
@@ -64,6 +69,7 @@ class SmsPage : public Page {
   Text SenderTip(const Text& sender) const;
 
   TessarinMenu& session_;
+  linkport& port_;
   ATMessages& messages_;
   frmSplashTransmission& busyWindow_;
   frmComposeSMS& composer_;
@@ -73,7 +79,11 @@ class SmsPage : public Page {
   Text folder_;  // the key of the tree's node that was chosen last
   bool isLoaded_ = false;
   bool isRowShown_ = false;
+  Text shownSender_;
   Text currentMessageText_;
+  // The rows that the user agreed to delete: the job comes up to a second later, when others may be
+  // selected.
+  std::vector<std::string> keysToDelete_;
   RichText rtbSMSBuffer_;
 };
 

@@ -36,12 +36,18 @@ frmComposeSMS::frmComposeSMS(TessarinMenu& session, ATMessages& messages)
     : Window(session.host(), "frmComposeSMS"), session_(session), messages_(messages) {
   RichTextBox1.maximumLength = kLongestMessage;
   Label3.text = kNarrowLimit;
-  RichTextBox1.edited.Always([this] { Count(); });
+  RichTextBox1.edited.Always([this] {
+    lblSending.text = u"";
+    Count();
+  });
+  RichTextBox1.cut.Always(
+      [this](std::size_t characters) { lblSending.text = LeftOut(characters); });
+  Text1.edited.Always([this] { lblSending.text = u""; });
   toPhoneBook.image = "page-phonebook";
   toPhoneBook.clicked.Always([this] {
     if (picker_) picker_();
   });
-  CmdSend.clicked.Always([this] { session_.commandState = job::kSendMessage; });
+  CmdSend.clicked.Always([this] { AskToSend(); });
   cmdCancel.clicked.Always([this] { Unload(); });
   Command2.clicked.Always([this] { ShowSide(true); });
   Command3.clicked.Always([this] { ShowSide(false); });
@@ -64,22 +70,26 @@ void frmComposeSMS::MakeSmileys() {
 }
 
 void frmComposeSMS::SetVariable(const Text& recipients, const Text& text) {
+  const std::size_t fits = FittingLength(text, kLongestMessage);
   Text1.text = recipients;
-  RichTextBox1.text = text.substr(0, kLongestMessage);
+  RichTextBox1.text = text.substr(0, fits);
   RichTextBox1.caret = 0;
+  statusAtLoad_ = LeftOut(text.size() - fits);
   Count();
 }
 
 void frmComposeSMS::FormLoad() {
   ApplyTexts();
-  lblSending.text = u"";
+  lblSending.text = statusAtLoad_;
   ShowSide(false);
   ChooseSide(false);
   LoadTemplateList();
   Count();
 }
 
+// A job that still waits is taken back: it would find the next message in the window and send that.
 void frmComposeSMS::FormUnload() {
+  if (session_.commandState == job::kSendMessage) session_.SetCommandIdle();
   SetVariable(u"", u"");
   Label3.text = kNarrowLimit;
 }
@@ -143,7 +153,20 @@ void frmComposeSMS::Count() {
 
 // Behind the selection, so that nothing that was written is lost.
 void frmComposeSMS::Insert(TextView piece) {
-  if (RichTextBox1.Insert(piece)) Count();
+  const bool isIn = RichTextBox1.Insert(piece);
+  lblSending.text = isIn ? Text() : LeftOut(piece.size());
+  if (isIn) Count();
+}
+
+Text frmComposeSMS::LeftOut(std::size_t characters) const {
+  if (characters == 0) return {};
+  return session_.language().Filled(words::kComposerLeftOut,
+                                    {ToText(static_cast<long long>(characters))});
+}
+
+void frmComposeSMS::AskToSend() {
+  if (session_.statusPhase != kPhonePresent) return session_.ShowError(text::error::kSendMessage);
+  session_.commandState = job::kSendMessage;
 }
 
 void frmComposeSMS::StartSendingSMS() {
@@ -152,31 +175,32 @@ void frmComposeSMS::StartSendingSMS() {
   const auto entries = Split(TrimBlanks(Text1.text()), u";");
   const Text total = ToText(static_cast<long long>(entries.size()));
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    const Text number = ToText(static_cast<long long>(i + 1));
-    lblSending.text = session_.language().Filled(words::kComposerSending, {number, total});
+    const auto say = [this, &total, number = ToText(static_cast<long long>(i + 1))](int index) {
+      lblSending.text = session_.language().Filled(index, {number, total});
+    };
+    say(words::kComposerSending);
     Refresh();
-    const bool isSent = SendTo(RecipientNumber(entries[i]));
-    lblSending.text = u"";
-    if (!isSent) return;
+    if (const int fault = SendTo(RecipientNumber(entries[i])); fault != kSent) {
+      say(words::kComposerStopped);
+      return session_.ShowError(fault);
+    }
   }
+  lblSending.text = u"";
   session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kMessageSent));
   Unload();
 }
 
-bool frmComposeSMS::SendTo(const Text& number) {
-  if (number.empty() || HoldsForbidden(number, Dialling::kKeysAndPlus)) {
-    session_.ShowError(text::error::kPhoneNumber);
-    return false;
-  }
+// A number that its field would cut short is another's.
+int frmComposeSMS::SendTo(const Text& number) {
   SMSSendRecord send;
+  const bool isNumber = !number.empty() && !HoldsForbidden(number, Dialling::kKeysAndPlus);
+  if (!isNumber || number.size() > send.Number.size()) return text::error::kPhoneNumber;
   send.Number = number;
   send.NumberLength = static_cast<std::int32_t>(number.size());
   send.Text = RichTextBox1.text();
   send.TextLength = static_cast<std::int32_t>(RichTextBox1.text->size());
   send.Coding = Label3.text() == kNarrowLimit ? kGsm7Bit : kUcs2;
-  if (messages_.SendSMS(send)) return true;
-  session_.ShowError(text::error::kSendMessage);
-  return false;
+  return messages_.SendSMS(send) ? kSent : text::error::kSendMessage;
 }
 
 }  // namespace tessarin

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <set>
 #include <vector>
 
 #include "codecs/ATMessages.h"
@@ -33,6 +35,8 @@ class frmComposeSMS : public Window {
   Label Label2{*this, "Label2"};  // characters in the text
   Label Label3{*this, "Label3"};  // how many fit one part: "/ 160" or "/ 70"
   Label lblParts{*this, "lblParts"};
+  // How the sending goes and where it stopped, or how much of a text did not fit. The next writing
+  // empties it.
   Label lblSending{*this, "lblSending"};
   Button CmdSend{*this, "CmdSend"};
   Button cmdCancel{*this, "cmdCancel"};
@@ -54,15 +58,16 @@ class frmComposeSMS : public Window {
 
   Text templateResult;  // what the editor of templates gave; empty when it was cancelled
 
-  // What stands in the window when it is shown.
+  // What stands in the window when it is shown. Of a text that is too long the window says how much
+  // was left out.
   void SetVariable(const Text& recipients, const Text& text);
 
   // What `toPhoneBook` opens: it adds to the recipients in `Text1`.
   void SetPicker(std::function<void()> picker) { picker_ = std::move(picker); }
 
   // Sends the text to each recipient in turn, a job of the session's tick. The first that fails, or
-  // is no number, ends it with a message, the window and its text staying. Does nothing when the
-  // window was closed meanwhile.
+  // is no number, ends it with a message; the window stays with its text, and with how far it came.
+  // Does nothing when the window was closed meanwhile.
   void StartSendingSMS();
 
  protected:
@@ -70,17 +75,25 @@ class frmComposeSMS : public Window {
   void FormUnload() override;
 
  private:
+  static constexpr int kSent = -1;  // no error
+
   void MakeSmileys();
   void ApplyTexts();
   void ShowSide(bool shown);
   void ChooseSide(bool templates);
   void Count();
   void Insert(TextView piece);
-  bool SendTo(const Text& number);
+  // What `lblSending` says of that many characters that did not fit.
+  Text LeftOut(std::size_t characters) const;
+  // Asks for the job, unless there is no phone.
+  void AskToSend();
+  // The error to show, or kSent.
+  int SendTo(const Text& number);
 
   void ConnectTemplates();
   void LoadTemplateList();
   void SaveTemplateList();
+  void TellTemplates(int error, const Text& why);
   // Shows the editor with that text; false when it was cancelled.
   bool EditTemplate(const Text& text);
   void AddTemplate();
@@ -93,6 +106,9 @@ class frmComposeSMS : public Window {
   TessarinMenu& session_;
   ATMessages& messages_;
   std::function<void()> picker_;
+  Text statusAtLoad_;  // what `lblSending` shows when the window comes up
+  std::set<Text> foreignTemplates_;
+  std::optional<Text> whyUnread_;  // the templates' file
 };
 
 // The number of a recipient's entry, empty when there is none.

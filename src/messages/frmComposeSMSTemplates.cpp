@@ -1,5 +1,7 @@
 // The composer's panel of templates.
 
+#include <utility>
+
 #include "codecs/Faults.h"
 #include "controls/WindowHost.h"
 #include "core/TextIndex.h"
@@ -19,27 +21,31 @@ void frmComposeSMS::ConnectTemplates() {
 }
 
 void frmComposeSMS::LoadTemplateList() {
-  std::vector<Text> templates;
+  TemplateFile file;
+  whyUnread_.reset();
   try {
-    templates = LoadTemplates(session_.files());
+    file = LoadTemplates(session_.files());
   } catch (const FileError& fault) {
-    session_.host().MessageBox(
-        FillPlaceholders(session_.language().getTSErrStr(text::error::kReadTemplates),
-                         {fault.Message()}),
-        MessageKind::Error);
+    whyUnread_ = fault.Message();
+    TellTemplates(text::error::kReadTemplates, fault.Message());
   }
-  ShowTemplates(templates, -1);
+  foreignTemplates_ = std::move(file.foreign);
+  ShowTemplates(file.templates, -1);
 }
 
+// A file that could not be read is not written over: its templates are not in the list.
 void frmComposeSMS::SaveTemplateList() {
+  if (whyUnread_) return TellTemplates(text::error::kSaveTemplates, *whyUnread_);
   try {
-    SaveTemplates(session_.files(), TemplatesShown());
+    SaveTemplates(session_.files(), {TemplatesShown(), foreignTemplates_});
   } catch (const FileError& fault) {
-    session_.host().MessageBox(
-        FillPlaceholders(session_.language().getTSErrStr(text::error::kSaveTemplates),
-                         {fault.Message()}),
-        MessageKind::Error);
+    TellTemplates(text::error::kSaveTemplates, fault.Message());
   }
+}
+
+void frmComposeSMS::TellTemplates(int error, const Text& why) {
+  session_.host().MessageBox(FillPlaceholders(session_.language().getTSErrStr(error), {why}),
+                             MessageKind::Error);
 }
 
 bool frmComposeSMS::EditTemplate(const Text& text) {

@@ -1,6 +1,7 @@
 #include "phonebook/NumberLookup.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tessarin {
 
@@ -37,16 +38,16 @@ bool EndAlike(TextView a, TextView b) {
 Text NameOf(const clsT610ContactList& contacts, TextView number) {
   const Text wanted = DigitsOf(number);
   if (wanted.empty()) return {};
-  Text alike;
+  std::set<Text> alike;
   for (int position = 1; position <= contacts.Count(); ++position) {
     const clsT610Contact& contact = contacts.item(position);
     for (int field = kFirstNumber; field <= kLastNumber; ++field) {
       const Text digits = DigitsOf(contact.GetData(field));
       if (digits == wanted) return contact.GetData(kName);
-      if (alike.empty() && EndAlike(digits, wanted)) alike = contact.GetData(kName);
+      if (EndAlike(digits, wanted)) alike.insert(contact.GetData(kName));
     }
   }
-  return alike;
+  return alike.size() == 1 ? *alike.begin() : Text();
 }
 
 }  // namespace tessarin

@@ -103,24 +103,26 @@ bool frmAddGroup::IsClosed(const ListRow& row) const {
          row.cells[1] == language_.getTSInterfaceStr(words::kGroupDetailsHint);
 }
 
-bool frmAddGroup::IsChosen(const Text& name, const Text& number) const {
+bool frmAddGroup::IsChosen(const Text& label, const Text& number) const {
+  const std::vector<Text> cells = {contactShown_ + u"(" + label + u")", number};
   return std::any_of(ListView2.rows().begin(), ListView2.rows().end(), [&](const ListRow& row) {
-    return row.cells[0] == name && row.cells[1] == number;
+    return row.key == contactShownKey_ && row.cells == cells;
   });
 }
 
 void frmAddGroup::ShowNumbers() {
   const int index = ListView1.Current();
   if (index < 0 || !IsClosed(ListView1.Row(index))) return;
-  const Text position = FromLatin1(ListView1.Row(index).key.substr(kClosedKey.size()));
+  contactShownKey_ = ListView1.Row(index).key;
+  const Text position = FromLatin1(contactShownKey_.substr(kClosedKey.size()));
   const clsT610Contact& contact = contacts_.item(ReadNumber(position));
   contactShown_ = contact.GetData(kNameField);
   std::vector<ListRow> rows;
   for (int i = 0; i < kNumberFields; ++i) {
     const Text& number = contact.GetData(kFirstNumberField + i);
     const Text& label = language_.getTSInterfaceStr(words::kHome + i);
-    if (number.empty() || IsChosen(contactShown_ + u"(" + label + u")", number)) continue;
-    rows.push_back(RowOf("", label, number));
+    if (number.empty() || IsChosen(label, number)) continue;
+    rows.push_back(RowOf(contactShownKey_, label, number));
   }
   ListView3.Fill(std::move(rows));
   ListView1.visible = false;
@@ -154,8 +156,8 @@ void frmAddGroup::Remove() {
   if (!text.ends_with(u')')) {
     ListView1.Add(std::move(row));
   } else if (const auto open = text.rfind(u'(');
-             ListView3.visible && open != Text::npos && text.substr(0, open) == contactShown_) {
-    ListView3.Add(RowOf("", text.substr(open + 1, text.size() - open - 2), row.cells[1]));
+             ListView3.visible && open != Text::npos && row.key == contactShownKey_) {
+    ListView3.Add(RowOf(row.key, text.substr(open + 1, text.size() - open - 2), row.cells[1]));
   }
   EnableButtons();
 }

@@ -14,7 +14,9 @@ namespace tessarin {
 
 class frmAddGroup : public Window {
  public:
-  // All must outlive the window. The choice is added to the text of `recipients`.
+  // `host`, `language` and `recipients` must outlive the window. The choice is added to the text of
+  // `recipients`. The window keeps the contacts for itself: while it is open a lost phone may come
+  // back, and with it another list.
   frmAddGroup(WindowHost& host, const Language& language, const clsT610ContactList& contacts,
               TextBox& recipients);
 
@@ -41,12 +43,14 @@ class frmAddGroup : public Window {
   void EnableButtons();
   // A contact of the phone memory, whose numbers have to be opened first.
   bool IsClosed(const ListRow& row) const;
-  bool IsChosen(const Text& name, const Text& number) const;
+  // A number of the contact in ListView3.
+  bool IsChosen(const Text& label, const Text& number) const;
 
   const Language& language_;
-  const clsT610ContactList& contacts_;
+  const clsT610ContactList contacts_;
   TextBox& recipients_;
-  Text contactShown_;  // the name of the contact in ListView3
+  Text contactShown_;            // the name of the contact in ListView3
+  std::string contactShownKey_;  // and its row's key, which its numbers have among the chosen
 };
 
 }  // namespace tessarin

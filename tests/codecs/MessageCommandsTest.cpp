@@ -9,6 +9,7 @@ namespace {
 constexpr char16_t kOk[] = u"\r\nOK\r\n";
 constexpr char16_t kPrompt[] = u"\r\n> ";
 constexpr char16_t kRefused[] = u"\r\n+CMS ERROR: 321\r\n";
+constexpr char16_t kBattery[] = u"\r\n+CBC: 0,85\r\n\r\nOK\r\n";
 
 ATMessages::Random Always(double value) {
   return [value] { return value; };
@@ -151,8 +152,8 @@ TEST(SendSMS, BlanksAroundTheText) {
   } cases[] = {
       // Septets keep the length that was announced: what was trimmed comes again at the end.
       {kGsm7Bit, u"Bob  ", u"AT+CMGS=15", u"05C2B7180402"},
-      // In UCS2 the lengths count the blank that the digits do not hold.
-      {kUcs2, u"好 ", u"AT+CMGS=14", u"04597D"},
+      // In UCS2 the UDL counts the blank; what is announced is what comes.
+      {kUcs2, u"好 ", u"AT+CMGS=12", u"04597D"},
   };
   for (const auto& c : cases) {
     ScriptedLine line;
@@ -172,6 +173,7 @@ TEST(SendSMS, EndsAtTheFirstThingThatGoesWrong) {
     std::size_t sends;
     std::deque<Text> replies;
     std::size_t sent;
+    bool leaves = false;  // the prompt that the phone may stand at
   } cases[] = {
       {"the command is not sent", 0, {}, 0},
       {"no prompt", SIZE_MAX, {kRefused}, 1},
@@ -180,6 +182,10 @@ TEST(SendSMS, EndsAtTheFirstThingThatGoesWrong) {
       {"the first part is refused", SIZE_MAX, {kPrompt, kRefused}, 2},
       {"the second part is refused", SIZE_MAX, {kPrompt, kOk, kPrompt, kRefused}, 4},
       {"the third part gets no prompt", SIZE_MAX, {kPrompt, kOk, kPrompt, kOk, kRefused}, 5},
+      {"another command's answer comes first", SIZE_MAX, {kBattery, kPrompt, kRefused}, 2},
+      {"no prompt within the time", SIZE_MAX, {u"", kOk}, 2, true},
+      {"the prompt comes too late", SIZE_MAX, {u"", kPrompt, kOk}, 3, true},
+      {"another command's answer only", SIZE_MAX, {kBattery, u"", kOk}, 2, true},
   };
   for (const auto& c : cases) {
     ScriptedLine line;
@@ -187,7 +193,8 @@ TEST(SendSMS, EndsAtTheFirstThingThatGoesWrong) {
     line.sendsLeft = c.sends;
     SMSSendRecord send = MessageOf(text, kGsm7Bit);
     EXPECT_FALSE(ATMessages(line, Always(0)).SendSMS(send)) << c.name;
-    EXPECT_EQ(line.sent.size(), c.sent) << c.name;
+    ASSERT_EQ(line.sent.size(), c.sent) << c.name;
+    EXPECT_EQ(c.sent > 0 && line.sent.back() == u"raw:\x1B", c.leaves) << c.name;
     EXPECT_TRUE(line.replies.empty()) << c.name;
   }
   ScriptedLine line;
@@ -209,27 +216,34 @@ TEST(SendSMS, ReferencesDifferFromRunToRun) {
 }
 
 TEST(MessageStores, AreSelectedAndCounted) {
+  const Text answer = u"\r\n+CPMS: 12,20,3,40,3,40\r\n\r\nOK\r\n";
   const struct {
-    Text reply;
+    std::deque<Text> replies;
     bool done;
     int used, total;
   } cases[] = {
-      {u"\r\n+CPMS: 12,20,3,40,3,40\r\n\r\nOK\r\n", true, 12, 20},
-      {u"AT+CPMS=\"SM\"\r\r\n+CPMS:0,15\r\n\r\nOK\r\n", true, 0, 15},
-      {u"\r\n+CPMS: 99999,x\r\n\r\nOK\r\n", true, 32767, 0},
-      {kOk, true, 0, 0},
-      {kRefused, false, -1, -1},
-      {u"ERROR", false, -1, -1},
+      {{answer}, true, 12, 20},
+      {{u"AT+CPMS=\"SM\"\r\r\n+CPMS:0,15\r\n\r\nOK\r\n"}, true, 0, 15},
+      {{u"\r\n+CPMS: 99999,x\r\n\r\nOK\r\n"}, true, 32767, 0},
+      {{kOk, u""}, true, 0, 0},
+      {{kRefused}, false, -1, -1},
+      {{u"ERROR"}, false, -1, -1},
+      // The answer to an earlier command is not this one's.
+      {{kBattery, answer}, true, 12, 20},
+      {{kOk, answer}, true, 12, 20},
+      {{kOk, kRefused}, false, -1, -1},
+      {{kBattery, u""}, false, -1, -1},
   };
   for (const auto& c : cases) {
     ScriptedLine line;
-    line.replies = {c.reply};
+    line.replies = c.replies;
     std::int16_t used = -1;
     std::int16_t total = -1;
     EXPECT_EQ(ATMessages(line).SelectMessageStore(u"\"SM\"", used, total), c.done);
-    EXPECT_EQ(used, c.used) << ToUtf8(c.reply);
-    EXPECT_EQ(total, c.total) << ToUtf8(c.reply);
+    EXPECT_EQ(used, c.used) << ToUtf8(c.replies[0]);
+    EXPECT_EQ(total, c.total) << ToUtf8(c.replies[0]);
     EXPECT_EQ(line.sent, std::vector<Text>{u"AT+CPMS=\"SM\""});
+    EXPECT_TRUE(line.replies.empty());
   }
 }
 
@@ -244,11 +258,12 @@ TEST(ReadAllMessages, WalksOverGaps) {
                   kRefused,
                   u"AT+CMGR=4\r\r\n+CMGR: 0,,2\r\n00040\r\n\r\nOK\r\n",
                   u"\r\n+CMS ERROR:",
-                  u" 321\r\n\r\n+CMGR: 3,,2\r\n\r\nOK\r\n"};
+                  u" 321\r\n\r\n+CMGR: 3,,2\r\n0031\r\n\r\nOK\r\n",
+                  u"\r\n+CMGR: 0,,0\r\n\r\nOK\r\n"};
   std::vector<SMSMessage> records(5);
-  EXPECT_TRUE(ATMessages(line).ReadAllMessages(3, 20, records));
+  EXPECT_TRUE(ATMessages(line).ReadAllMessages(4, 7, records));
   ASSERT_EQ(records.size(), 3u);
-  EXPECT_EQ(line.sent.back(), u"AT+CMGR=6");
+  EXPECT_EQ(line.sent.back(), u"AT+CMGR=7");
   EXPECT_EQ(records[0].location, 2);
   EXPECT_EQ(records[0].stat, 0) << "what stands behind the last colon of the line";
   EXPECT_EQ(records[0].sender.Trimmed(), u"27838890001");
@@ -273,12 +288,48 @@ TEST(ReadAllMessages, EndsAtTheStoresLastLocationOrWithTheLine) {
   EXPECT_EQ(records.size(), 1u) << "what had been read stays";
 }
 
+// A message that stood at another's location would be deleted in its place.
+TEST(ReadAllMessages, NoReplyIsTakenForAnothers) {
+  const Text echo3 = u"AT+CMGR=3\r", echo1 = u"AT+CMGR=1\r", echo2 = u"AT+CMGR=2\r";
+  const struct {
+    const char* name;
+    std::deque<Text> replies;
+    std::string locations;  // "-" when the reading failed
+  } cases[] = {
+      {"a slow first one", {u"", kMessage, kOk, kMessage}, "1 3 "},
+      {"one that never comes", {kMessage, u"", u""}, "-"},
+      {"a refusal costs its time only", {u"ERROR", kMessage, kMessage}, "2 3 "},
+      {"another command's answer", {kMessage, kBattery, kOk, kMessage}, "1 3 "},
+      {"the echo of another",
+       {echo1 + kMessage, echo1 + kMessage, echo2 + kOk, echo3 + kMessage},
+       "1 3 "},
+      {"the echoes of others", {echo1 + kMessage, echo1 + kOk, echo1 + kOk}, "-"},
+  };
+  for (const auto& c : cases) {
+    ScriptedLine line;
+    line.replies = c.replies;
+    std::vector<SMSMessage> records;
+    std::string locations;
+    if (!ATMessages(line).ReadAllMessages(2, 3, records)) {
+      locations = "-";
+    } else {
+      for (const auto& record : records) locations += std::to_string(record.location) + " ";
+    }
+    EXPECT_EQ(locations, c.locations) << c.name;
+    EXPECT_TRUE(line.replies.empty()) << c.name;
+  }
+}
+
 TEST(DeleteMessage, SelectsTheStoreFirst) {
+  const Text selected = u"\r\n+CPMS: 1,2\r\n\r\nOK\r\n";
   const struct {
     std::deque<Text> replies;
     bool done;
     std::size_t sent;
-  } cases[] = {{{kOk, kOk}, true, 2}, {{kOk, kRefused}, false, 2}, {{kRefused}, false, 1}};
+  } cases[] = {{{selected, kOk}, true, 2},
+               {{selected, kRefused}, false, 2},
+               {{kRefused}, false, 1},
+               {{kBattery, kRefused}, false, 1}};
   for (const auto& c : cases) {
     ScriptedLine line;
     line.replies = c.replies;

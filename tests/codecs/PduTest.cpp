@@ -77,6 +77,11 @@ const PduCase kPdus[] = {
      u"ABCDEFGHIJK", kStampText, u"A"},
     {"a number longer than its field", 1,
      "042A81" + std::string(42, '1') + "0000" + kStamp + "0141", Text(40, u'1'), kStampText, u"A"},
+    {"a star and a hash", 1,
+     "0404811AB2"
+     "0000" +
+         kStamp + "0141",
+     u"*12#", kStampText, u"A"},
     {"no sender", 1,
      "04008100"
      "00" +

@@ -1,11 +1,13 @@
 // Reading, deleting and sending messages, against the simulated phone's own stores and decoder.
 
 #include <algorithm>
+#include <set>
 
 #include "messages/frmAddTextTemplate.h"
 #include "phonesim/SampleMessages.h"
 #include "phonesim/SmsPdu.h"
 #include "tests/endtoend/EndToEnd.h"
+#include "tests/support/RtfReader.h"
 
 namespace tessarin {
 namespace {
@@ -122,6 +124,7 @@ TEST_F(MessagesTest, EverySampleMessageCanBeReadOrHasAReason) {
   phone.GetMemory().With(
       [](phonesim::Books& books) { books.messages.Fill(phonesim::MakeSampleMessages(2005)); });
   const std::size_t records = Stored("SM") + Stored("ME");
+  EXPECT_EQ(records, 60u);
   ASSERT_TRUE(OpensPage());
   const auto& mailbox = program.smsPage().mailbox();
   EXPECT_EQ(mailbox.simMessages.size() + mailbox.memMessages.size(), records);
@@ -134,6 +137,22 @@ TEST_F(MessagesTest, EverySampleMessageCanBeReadOrHasAReason) {
   }
   // Behind a gap, before their predecessor, or without their first part stand three.
   EXPECT_EQ(shown, records - 3);
+  // The parts of each long message that are joined. One reference is in both stores; one message
+  // lies in another order and is joined, one does and is not, one has a gap.
+  std::multiset<std::string> joined;
+  for (const char16_t* key : {u"S0", u"S1", u"S3"}) {
+    Folder(key);
+    for (const ListRow& row : session.lvwPhoneSMS.rows()) {
+      const auto places = mailbox.PlacesOf(row.key);
+      const SMSMessage& head = *places[0].record;
+      if (head.concatenated == 0) continue;
+      joined.insert(row.key.substr(0, 3) + " " + std::to_string(head.reference) + ": " +
+                    std::to_string(places.size()) + " of " + std::to_string(head.partCount));
+    }
+  }
+  EXPECT_EQ(joined,
+            (std::multiset<std::string>{"MEM 103: 3 of 3", "MEM 104: 1 of 3", "MEM 200: 3 of 3",
+                                        "MEM 41: 2 of 2", "SIM 41: 3 of 3", "SIM 77: 2 of 3"}));
   EXPECT_TRUE(host.boxes.empty());
 }
 
@@ -148,6 +167,37 @@ TEST_F(MessagesTest, AFailureIsToldAndTheNextReadingShowsAll) {
   ASSERT_TRUE(Does([this] { session.Toolbar1.clicked("Refresh"); }));
   EXPECT_EQ(Folder(u"S1"), "SIM:5550199:one ");
   EXPECT_EQ(host.boxes.size(), 1u);
+}
+
+// The memory of the phone dies while it is read: what the SIM holds is not shown as if it were all.
+TEST_F(MessagesTest, AMemoryThatDiesOnTheWayIsTold) {
+  for (const int location : {1, 2}) Store("SM", location, 1, Draft("5550199", "one"));
+  Store("ME", 1, 1, Draft("5550199", "two"));
+  Behave([](phonesim::Behaviour& b) { b.failingCommands["AT+CPMS"] = {302, 1}; });
+  ASSERT_TRUE(OpensPage());
+  ASSERT_EQ(host.boxes.size(), 1u);
+  EXPECT_EQ(host.boxes[0].text, session.language().getTSErrStr(text::error::kReadMessages));
+  EXPECT_EQ(session.lvwPhoneSMS.Count(), 0);
+}
+
+// The battery's answer comes when the question was given up, and the reading has begun.
+TEST_F(MessagesTest, ALateAnswerAboutTheBatteryShiftsNoMessage) {
+  for (const int location : {1, 2, 4}) {
+    Store("SM", location, 1, Draft("555010" + std::to_string(location), "x"));
+  }
+  ASSERT_TRUE(StartsAndConnects());
+  ASSERT_TRUE(host.RunUntil([this] { return PanelText(panel::kBattery) == u"85%"; }));
+  Behave(
+      [](phonesim::Behaviour& b) { b.slowCommands["AT+CBC"] = std::chrono::milliseconds(2500); });
+  ASSERT_TRUE(host.RunUntil([this, yields = host.yields] { return host.yields > yields + 20; }));
+  ASSERT_TRUE(Does([this] { session.Toolbar2.clicked("SMS"); }));
+  Behave([](phonesim::Behaviour& b) { b.slowCommands.clear(); });
+  EXPECT_EQ(Folder(u"S1"), "SIM:5550101:x SIM:5550102:x SIM:5550104:x ");
+  host.RunEvent([this] { session.lvwPhoneSMS.SelectByUser({1}, 1); });
+  ASSERT_TRUE(Does([this] { session.Toolbar1.clicked("Delete"); }));
+  EXPECT_EQ(Folder(u"S1"), "SIM:5550101:x SIM:5550104:x ");
+  EXPECT_EQ(Stored("SM"), 2u);
+  phone.GetReports().Clear();  // it was asked again before it had answered
 }
 
 TEST_F(MessagesTest, DeletesAMessageWithAllItsParts) {
@@ -212,6 +262,71 @@ TEST_F(MessagesTest, SendsALongMessageToThreePeopleOfThePhonebook) {
   const std::string text = letters + "On my way:-)|3";
   EXPECT_EQ(Sent(), (std::vector<std::string>{"5550101|" + text, "+447700900102|" + text,
                                               "*103#|" + text}));
+}
+
+// A phone that was lost and comes back has a list of contacts of its own.
+TEST_F(MessagesTest, TheChoiceOfRecipientsOutlivesALostPhone) {
+  ASSERT_TRUE(OpensPage());
+  auto contact = std::make_shared<clsT610Contact>();
+  contact->LetData(u"p03", 1);
+  contact->LetData(u"Cy", 3);
+  contact->LetData(u"5550103", 6);
+  program.phonebookLists().phoneContacts->Add(contact);
+  host.WhenShown("frmAddGroup", [this](Window& window) {
+    auto& contacts = static_cast<ListView&>(*window.Find("ListView1"));
+    auto& numbers = static_cast<ListView&>(*window.Find("ListView3"));
+    phone.Stop();
+    ASSERT_TRUE(host.RunUntil([this] { return session.statusPhase == kNoPhone; }));
+    phone.Start();
+    ASSERT_TRUE(Connects());
+    EXPECT_EQ(program.phonebookLists().phoneContacts->Count(), 0);
+    contacts.SelectByUser({0}, 0);
+    contacts.activated();
+    numbers.SelectByUser({0}, 0);
+    ScriptedHost::Press(window, "Command3");
+    ScriptedHost::Press(window, "Command1");
+  });
+  host.WhenShown("frmComposeSMS", [this](Window& window) {
+    ScriptedHost::Press(window, "toPhoneBook");
+    EXPECT_EQ(composer.Text1.text(), u"Cy(Mobile)<5550103>");
+    ScriptedHost::Press(window, "cmdCancel");
+  });
+  host.RunEvent([this] { session.Toolbar1.clicked("New"); });
+  EXPECT_FALSE(composer.IsLoaded());
+}
+
+TEST_F(MessagesTest, SavesAnswersAndPassesOn) {
+  const std::string story = Letters(200);
+  for (const int part : {1, 2}) {
+    SmsDraft draft = Draft("+447700900150", story.substr(part == 1 ? 0 : 153, 153));
+    draft.part = phonesim::SmsPart{41, 2, part};
+    Store("SM", part, 1, draft);
+  }
+  Store("ME", 3, 1, Draft("5550199", "{好的} \\par 😀", SmsCoding::Ucs2));
+  ASSERT_TRUE(OpensPage());
+  Folder(u"S1");
+  host.RunEvent([this] { session.lvwPhoneSMS.SelectByUser({0, 1}, 0); });
+  host.files = {folder.Path() / "saved"};
+  host.RunEvent([this] { session.Toolbar1.clicked("Save"); });
+  const std::string head = "Date:\t15/06/2004 13:05:18\nFrom/To:\t";
+  EXPECT_EQ(ToUtf8(RtfReader::Read(folder.Read("saved"))),
+            head + "447700900150\n\nText:\n" + story + "\n\n\n" + head +
+                "5550199\n\nText:\n{好的} \\par 😀\n\n\n");
+
+  const auto sendTo = [this](const Text& recipients, const char* action) {
+    host.WhenShown("frmComposeSMS", [this, recipients](Window& window) {
+      if (!recipients.empty()) composer.Text1.text = recipients;
+      ScriptedHost::Press(window, "CmdSend");
+    });
+    ASSERT_TRUE(Does([this, action] { session.Toolbar1.clicked(action); }));
+    EXPECT_FALSE(composer.IsLoaded());
+  };
+  host.RunEvent([this] { session.lvwPhoneSMS.SelectByUser({0}, 0); });
+  sendTo(u"", "Reply");
+  host.RunEvent([this] { session.lvwPhoneSMS.SelectByUser({1}, 1); });
+  sendTo(u"+447700900108", "Forward");
+  EXPECT_EQ(Sent(), (std::vector<std::string>{"447700900150|" + story + "|2",
+                                              "+447700900108|{好的} \\par 😀|1"}));
 }
 
 TEST_F(MessagesTest, WhatIsSentBeforeAFailureIsSent) {

@@ -32,6 +32,10 @@ class ComposerTest : public MessageBench {
     return ToUtf8(composer.Label2.text() + u" " + composer.Label3.text() + u" " +
                   composer.lblParts.text());
   }
+  std::string Status() const { return ToUtf8(composer.lblSending.text()); }
+  std::string LeftOut(int characters) const {
+    return ToUtf8(language.Filled(words::kComposerLeftOut, {ToText(characters)}));
+  }
   // Presses Send and lets the tick come that sends; the numbers that the phone was given.
   std::vector<std::string> Send(const Text& recipients, const Text& text) {
     composer.Text1.text = recipients;
@@ -41,7 +45,6 @@ class ComposerTest : public MessageBench {
     EXPECT_TRUE(line.sent.empty()) << "the click itself sends nothing";
     Tick(session.Timer1);
     EXPECT_EQ(session.commandState, job::kIdlePoll);
-    EXPECT_EQ(composer.lblSending.text(), u"");
     std::vector<std::string> numbers;
     for (const Text& sent : line.sent) {
       if (sent.starts_with(u"raw:")) numbers.push_back(ToUtf8(sent.substr(10, 10)));
@@ -138,10 +141,40 @@ TEST_F(ComposerTest, KeepsTheCaretWhereTheUserWrites) {
     Type(Text(803, u'x'));
     composer.Command1[0]->clicked();
     EXPECT_EQ(box.text->size(), 803u) << "what does not fit whole is left out";
+    EXPECT_EQ(Status(), LeftOut(2));
+    Type(Text(802, u'x'));
+    EXPECT_EQ(Status(), "");
+    composer.Command1[0]->clicked();
+    EXPECT_EQ(box.text->size(), 804u);
+    EXPECT_EQ(Status(), "");
+    box.edited();
+    box.cut(7);  // a text that was pasted
+    EXPECT_EQ(Status(), LeftOut(7));
     Press("cmdCancel");
   });
-  composer.SetVariable(u"", Text(900, u'x'));
-  EXPECT_EQ(composer.RichTextBox1.text->size(), 804u);
+}
+
+// A long message that is passed on may be longer than one that can be sent.
+TEST_F(ComposerTest, SaysHowMuchOfATextIsLeftOut) {
+  const struct {
+    Text text;
+    std::size_t shown;
+    std::string status;
+  } cases[] = {{Text(804, u'x'), 804, ""},
+               {Text(918, u'x'), 804, LeftOut(114)},
+               {Text(803, u'x') + u"😀", 803, LeftOut(2)},
+               {u"", 0, ""}};
+  for (const auto& c : cases) {
+    host.WhenShown("frmComposeSMS", [&](Window&) {
+      EXPECT_EQ(composer.RichTextBox1.text->size(), c.shown);
+      EXPECT_EQ(Status(), c.status);
+      Press("cmdCancel");
+    });
+    host.RunEvent([&] {
+      composer.SetVariable(u"", c.text);
+      composer.Show(Modality::Modal);
+    });
+  }
 }
 
 TEST_F(ComposerTest, ShowsOneSidePanelAtATime) {
@@ -185,6 +218,7 @@ TEST_F(ComposerTest, WhatGoesWrongLeavesTheWindowWithItsText) {
       {"blanks", u"  ", 0, text::error::kPhoneNumber, u""},
       {"a name without a number", u"Bob", 0, text::error::kPhoneNumber, u""},
       {"a blank inside", u"123 456", 0, text::error::kPhoneNumber, u""},
+      {"more digits than a number has", Text(41, u'1'), 0, text::error::kPhoneNumber, u""},
       {"the second is none", u"123456;Bob<>;123457", 1, text::error::kPhoneNumber, u""},
       {"an entry behind a last ;", u"123456;", 1, text::error::kPhoneNumber, u""},
       {"the phone refuses", u"123456;123457", 0, text::error::kSendMessage, u"AT+CMGS"},
@@ -204,6 +238,41 @@ TEST_F(ComposerTest, WhatGoesWrongLeavesTheWindowWithItsText) {
   });
 }
 
+TEST_F(ComposerTest, SaysHowFarItCameUntilTheUserWritesAgain) {
+  const auto stopped = [this](const Text& place) {
+    return ToUtf8(language.Filled(words::kComposerStopped, {place, u"3"}));
+  };
+  Compose([&] {
+    Send(u"123456;Bob;123457", u"Hi");
+    EXPECT_EQ(Status(), stopped(u"2"));
+    composer.Text1.edited();
+    EXPECT_EQ(Status(), "");
+    Send(u"123456;123457;", u"Hi");
+    EXPECT_EQ(Status(), stopped(u"3"));
+    Type(u"Ho");
+    EXPECT_EQ(Status(), "");
+    Press("cmdCancel");
+  });
+  Compose([&] {
+    EXPECT_EQ(Status(), "");
+    Press("cmdCancel");
+  });
+}
+
+TEST_F(ComposerTest, WithoutAPhoneSendingIsRefusedAtOnce) {
+  Compose([this] {
+    composer.Text1.text = u"123456";
+    Type(u"Hi");
+    session.statusPhase = kNoPhone;
+    Press("CmdSend");
+    EXPECT_EQ(session.commandState, job::kIdlePoll);
+    session.statusPhase = kPhonePresent;
+    Press("cmdCancel");
+  });
+  ASSERT_EQ(host.boxes.size(), 1u);
+  EXPECT_EQ(host.boxes[0].text, language.getTSErrStr(text::error::kSendMessage));
+}
+
 TEST_F(ComposerTest, AWindowThatWasClosedSendsNothing) {
   Compose([this] {
     composer.Text1.text = u"123456";
@@ -211,10 +280,18 @@ TEST_F(ComposerTest, AWindowThatWasClosedSendsNothing) {
     Press("CmdSend");
     Press("cmdCancel");
   });
+  EXPECT_EQ(composer.RichTextBox1.text(), u"");
+  // Nor does the next one that comes up before the tick.
+  Compose([this] {
+    composer.Text1.text = u"123456";
+    Type(u"not yet");
+    Tick(session.Timer1);
+    EXPECT_TRUE(composer.IsLoaded());
+    Press("cmdCancel");
+  });
   Tick(session.Timer1);
   EXPECT_TRUE(line.sent.empty());
   EXPECT_TRUE(host.boxes.empty());
-  EXPECT_EQ(composer.RichTextBox1.text(), u"");
 }
 
 TEST_F(ComposerTest, TemplatesAreKeptOnlyWhenTheyAreSaved) {
@@ -270,7 +347,9 @@ TEST_F(ComposerTest, TemplateFilesOfEveryShape) {
                {"\xEF\xBB\xBF"
                 "a",
                 "a|"},
-               {"\xFF", "\xEF\xBF\xBD|"}};
+               {"Gr\xFC\xDF"
+                "e\r\nGrüße\r\n",
+                "Grüße|Grüße|"}};
   std::filesystem::create_directories((folder.Path() / kTemplateFile).parent_path());
   for (const auto& c : cases) {
     folder.Write(kTemplateFile, c.content);
@@ -288,6 +367,42 @@ TEST_F(ComposerTest, TemplateFilesOfEveryShape) {
     Press("cmdCancel");
   });
   EXPECT_EQ(host.boxes.size(), 2u) << "neither reading nor saving is possible";
+}
+
+// As an older system writes them in its own code page.
+TEST_F(ComposerTest, LinesThatAreNoUtf8AreKeptAsTheyAre) {
+  std::filesystem::create_directories((folder.Path() / kTemplateFile).parent_path());
+  folder.Write(kTemplateFile, "\xC4rger\r\nabc\r\n\xE4\r\n");
+  Compose([this] {
+    EXPECT_EQ(Templates(), "Ärger|abc|ä|");
+    composer.List1.Select(2);
+    EditTo(u"ö", "Command1");
+    Press("Command7");
+    Press("Command4");
+    Press("cmdCancel");
+  });
+  EXPECT_EQ(folder.Read(kTemplateFile), "\xC4rger\r\nabc\r\nö\r\n");
+}
+
+// What a file holds that could not be read once is not lost by the next saving.
+TEST_F(ComposerTest, AnUnreadFileIsNotWrittenOver) {
+  const auto file = folder.Path() / kTemplateFile;
+  std::filesystem::create_directories(file);
+  Compose([&] {
+    std::filesystem::remove(file);
+    folder.Write(kTemplateFile, "kept\r\n");
+    EditTo(u"new", "Command1");
+    Press("Command5");
+    Press("Command4");
+    Press("cmdCancel");
+  });
+  EXPECT_EQ(folder.Read(kTemplateFile), "kept\r\n");
+  ASSERT_EQ(host.boxes.size(), 2u);
+  EXPECT_EQ(host.boxes[1].kind, MessageKind::Error);
+  Compose([this] {
+    EXPECT_EQ(Templates(), "kept|");
+    Press("cmdCancel");
+  });
 }
 
 }  // namespace

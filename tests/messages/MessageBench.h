@@ -69,8 +69,11 @@ class MessageBench : public SessionBench {
   ATMessages messages{line};
   frmSplashTransmission busyWindow{session};
   frmComposeSMS composer{session, messages};
-  SmsPage page{session, messages, busyWindow, composer,
-               [](const Text& number) { return number == u"1234" ? Text(u"Bob") : Text(); }};
+  SmsPage page{
+      session,  port,
+      messages, busyWindow,
+      composer, [](const Text& number) {
+                 return number == u"1234" ? Text(u"Bob") : Text(); }};
 
  private:
   Text Answer(const Text& sent) {

@@ -1,5 +1,7 @@
 #include "messages/SmsPage.h"
 
+#include <algorithm>
+
 #include "tests/messages/MessageBench.h"
 
 namespace tessarin {
@@ -134,6 +136,72 @@ TEST_F(SmsPageTest, DeletesEveryPartOfWhatIsSelected) {
   Tick(session.Timer1);
   EXPECT_EQ(Keys(), "SIM1 ") << "what could not be deleted shows again";
   EXPECT_EQ(host.boxes.size(), 3u);
+}
+
+// Up to a second passes between the user's answer and the job.
+TEST_F(SmsPageTest, DeletesWhatWasConfirmedWhateverIsSelectedThen) {
+  FillStores();
+  OpenPage();
+  OpenFolder(u"S1");
+  const auto confirm = [this] {
+    Select({0});
+    line.sent.clear();
+    host.RunEvent([this] { session.Toolbar1.clicked("Delete"); });
+  };
+  const std::vector<std::pair<const char*, std::function<void()>>> meanwhile = {
+      {"the next row", [this] { Select({1}); }},
+      {"another folder", [this] { OpenFolder(u"S0"); }},
+      {"another order", [this] { session.lvwPhoneSMS.columnClicked(3); }},
+  };
+  for (const auto& [name, act] : meanwhile) {
+    stores[u"\"SM\""][4] = {1, Deliver('b')};
+    Click("Refresh");
+    OpenFolder(u"S1");
+    confirm();
+    host.RunEvent(act);
+    Tick(session.Timer1);
+    EXPECT_EQ(line.sent, (std::vector<Text>{u"AT+CPMS=\"SM\"", u"AT+CMGD=4"})) << name;
+    Tick(session.Timer1);
+  }
+  // A reading that was asked for last takes the place of the deletion, once and for all.
+  OpenFolder(u"S1");
+  confirm();
+  Click("Refresh");
+  session.commandState = job::kDeleteMessages;
+  Tick(session.Timer1);
+  EXPECT_EQ(std::count(line.sent.begin(), line.sent.end(), u"AT+CMGD=5"), 0);
+}
+
+// With Ctrl a row can be current without being selected.
+TEST_F(SmsPageTest, ThePaneAndTheAnswerKeepToASelectedRow) {
+  FillStores();
+  stores[u"\"SM\""][5].pdu.replace(8, 4, "6587");  // another sender
+  OpenPage();
+  OpenFolder(u"S1");
+  const auto select = [this](const std::vector<int>& rows, int current) {
+    host.RunEvent([&] { session.lvwPhoneSMS.SelectByUser(rows, current); });
+  };
+  Text recipients, text;
+  host.WhenShown("frmComposeSMS", [&](Window& window) {
+    recipients = static_cast<frmComposeSMS&>(window).Text1.text();
+    text = static_cast<frmComposeSMS&>(window).RichTextBox1.text();
+    ScriptedHost::Press(window, "cmdCancel");
+  });
+  select({0, 1}, 1);
+  EXPECT_EQ(page.currentMessageText(), u"c");
+  select({0}, 1);
+  EXPECT_EQ(page.currentMessageText(), u"b");
+  Click("Reply");
+  EXPECT_EQ(recipients, u"1234");
+  EXPECT_EQ(text, u"b");
+  select({1, 2}, -1);
+  EXPECT_EQ(page.currentMessageText(), u"c");
+  EXPECT_TRUE(CanDo("Delete"));
+  Click("Reply");
+  EXPECT_EQ(recipients, u"5678");
+  select({}, 1);
+  EXPECT_EQ(session.rtbSMS.text(), u"");
+  EXPECT_FALSE(CanDo("Save"));
 }
 
 TEST_F(SmsPageTest, SavesWhatIsSelectedAsOneDocument) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "core/TextIndex.h"
 #include "phonebook/NumberLookup.h"
 #include "phonebook/frmAddGroup.h"
@@ -24,14 +26,17 @@ std::shared_ptr<clsT610Contact> Contact(const Text& id, const Text& name,
 
 class GroupTest : public testing::Test {
  protected:
-  GroupTest() {
-    language.readLangFile(0);
+  GroupTest() { language.readLangFile(0); }
+  ~GroupTest() override { window.Unload(); }
+
+  static clsT610ContactList Contacts() {
+    clsT610ContactList contacts;
     contacts.Add(Contact(u"s1", u"Ann", {u"111"}));
     contacts.Add(Contact(u"p00", u"Bob", {u"221", u"", u"223", u"", u"225"}));
     contacts.Add(Contact(u"", u"Cy (at sea)", {}));
+    contacts.Add(Contact(u"p01", u"Bob", {u"991"}));
+    return contacts;
   }
-  ~GroupTest() override { window.Unload(); }
-
   // The rows of a list, one a word.
   static std::string Rows(const ListView& list) {
     std::string rows;
@@ -52,18 +57,19 @@ class GroupTest : public testing::Test {
   ScriptedHost host;
   modFile files{folder.Path(), TESSARIN_SHARE};
   Language language{files};
-  clsT610ContactList contacts;
+  std::optional<clsT610ContactList> contacts = Contacts();
   struct Owner : Window {
     using Window::Window;
     TextBox Text1{*this, "Text1"};
   } owner{host, "owner"};
-  frmAddGroup window{host, language, contacts, owner.Text1};
+  frmAddGroup window{host, language, *contacts, owner.Text1};
 };
 
 TEST_F(GroupTest, AddsNumbersOfBothMemoriesToTheRecipients) {
   window.Show(Modality::Modeless);
   const std::string hint = ToUtf8(Word(words::kGroupDetailsHint));
-  EXPECT_EQ(Rows(window.ListView1), "Ann=111 Bob=" + hint + " Cy (at sea)=" + hint + " ");
+  EXPECT_EQ(Rows(window.ListView1),
+            "Ann=111 Bob=" + hint + " Cy (at sea)=" + hint + " Bob=" + hint + " ");
   EXPECT_FALSE(window.Command3.enabled);
   Select(window.ListView1, 1);
   EXPECT_FALSE(window.Command3.enabled) << "it has to be opened first";
@@ -109,12 +115,35 @@ TEST_F(GroupTest, GivesRowsBackToWhereTheyCameFrom) {
   Press("Command5");
   Select(window.ListView2, 0);
   Press("Command4");
-  EXPECT_EQ(window.ListView1.Count(), 3);
+  EXPECT_EQ(window.ListView1.Count(), 4);
   Open(0);
   EXPECT_EQ(window.ListView3.Count(), 3);
   Press("Command5");
   Open(1);
   EXPECT_EQ(window.ListView3.Count(), 0) << "a contact without numbers";
+}
+
+TEST_F(GroupTest, ANumberGoesBackOnlyToItsOwnContact) {
+  window.Show(Modality::Modeless);
+  Open(1);
+  Select(window.ListView3, 0);
+  Press("Command3");
+  Press("Command5");
+  Open(3);  // another Bob
+  Select(window.ListView2, 0);
+  Press("Command4");
+  EXPECT_EQ(Rows(window.ListView3), "Home=991 ");
+  Press("Command5");
+  Open(1);
+  EXPECT_EQ(window.ListView3.Count(), 3);
+}
+
+// The list goes when a phone that was lost comes back.
+TEST_F(GroupTest, OutlivesTheListThatItWasMadeOf) {
+  window.Show(Modality::Modeless);
+  contacts.reset();
+  Open(1);
+  EXPECT_EQ(Rows(window.ListView3), "Home=221 Mobile=223 Other=225 ");
 }
 
 TEST_F(GroupTest, TheRecipientsThatStandStay) {
@@ -148,7 +177,8 @@ TEST(NumberLookup, KnowsANumberHoweverItIsWritten) {
       {u"49112", u""},
       {u"0307654321", u"Bob"},
       {u"447654321", u"Cy"},
-      {u"7654321", u"Bob"},
+      {u"7654321", u""},  // two whose numbers end so
+      {u"0049307654321", u"Bob"},
       {u"Info", u""},
       {u"", u""},
       {u"000", u""},

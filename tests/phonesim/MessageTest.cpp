@@ -152,6 +152,29 @@ TEST_F(MessageTest, FailsAtEachStage) {
   EXPECT_EQ(TalkText("AT\r"), kOk) << "taken for the end of the body";
   EXPECT_EQ(TalkText("AT\r"), kOk);
   EXPECT_EQ(reports.All(), std::vector<std::string>{"message broken off: 41 54"});
+  reports.Clear();
+  EXPECT_EQ(TalkText("AT+CMGS=12\r"), kPrompt);
+  EXPECT_EQ(TalkText("0011\x1B"), kOk) << "the standard's own way out";
+  EXPECT_EQ(TalkText("\x1B"
+                     "AT\r"),
+            kOk);
+  EXPECT_EQ(reports.All(), std::vector<std::string>());
+}
+
+TEST_F(MessageTest, TakesUcs2ThatEndsBeforeItsLengthWhenToldTo) {
+  const std::string whole = "00110005812143F50008FF04041F0440";
+  const std::string shorter = "00110005812143F50008FF06041F0440";
+  EXPECT_EQ(Submit(shorter), "\r\n+CMGS: 1\r\n" + kOk);
+  EXPECT_EQ(Sent(), "12345|\u041F\u0440|1\n");
+  EXPECT_EQ(Submit("00110005812143F50000FF0531"), Cms(304)) << "septets never";
+  EXPECT_EQ(Submit("00110005812143F50008FF05041F0440"), Cms(304)) << "half a character";
+  EXPECT_EQ(Submit(15, shorter), Cms(304)) << "the length announced holds";
+  reports.Clear();
+  settings.With([](Behaviour& b) { b.messages.takesShortUcs2 = false; });
+  EXPECT_EQ(Submit(shorter), Cms(304));
+  EXPECT_EQ(reports.Count(), 1U);
+  EXPECT_EQ(Submit(whole), "\r\n+CMGS: 2\r\n" + kOk);
+  reports.Clear();
 }
 
 TEST_F(MessageTest, TheSampleHasSixtyOfEveryKind) {

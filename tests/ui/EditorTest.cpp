@@ -80,5 +80,31 @@ TEST_F(EditorTest, ATextThatIsTooLongLosesWhatCameInLast) {
   EXPECT_FALSE(sample.editor.Insert(u"y"));
 }
 
+TEST_F(EditorTest, TellsHowMuchWasLeftOutAndHalvesNoCharacter) {
+  std::string cuts;
+  sample.editor.cut.Always([&cuts](std::size_t units) { cuts += std::to_string(units) + " "; });
+  const struct {
+    const char* before;
+    int caret;
+    const char16_t* pasted;
+    const char16_t* after;
+    const char* cut;
+  } cases[] = {{"abcdefgh", 2, u"12", u"ab12cdefgh", ""},
+               {"abcdefgh", 2, u"1234", u"ab12cdefgh", "2 "},
+               {"abcdefghi", 2, u"\U0001F600", u"abcdefghi", "2 "},
+               {"abcdefghi", 9, u"1\U0001F600", u"abcdefghi1", "2 "},
+               {"abcdefgh", 8, u"1\U0001F600", u"abcdefgh1", "2 "}};
+  for (const auto& c : cases) {
+    cuts.clear();
+    Widget().setPlainText(QLatin1String(c.before));
+    Select(c.caret, c.caret);
+    QApplication::clipboard()->setText(QString::fromUtf16(c.pasted));
+    Widget().paste();
+    EXPECT_EQ(sample.editor.text(), c.after);
+    EXPECT_EQ(Widget().toPlainText(), QString::fromUtf16(c.after));
+    EXPECT_EQ(cuts, c.cut) << c.before;
+  }
+}
+
 }  // namespace
 }  // namespace tessarin

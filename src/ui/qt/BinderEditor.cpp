@@ -35,12 +35,16 @@ void ShowCaret(QPlainTextEdit& widget, int caret) {
 }
 
 // Takes what does not fit out of the text just in front of `caret`, where it came in, and moves the
-// caret there.
-void CutToLength(Text& text, int& caret, int limit) {
+// caret there. A character of two units goes whole. How many units went.
+std::size_t CutToLength(Text& text, int& caret, int limit) {
   const int excess = static_cast<int>(text.size()) - limit;
-  if (limit <= 0 || excess <= 0) return;
-  caret = std::max(caret - excess, 0);
-  text.erase(static_cast<std::size_t>(caret), static_cast<std::size_t>(excess));
+  if (limit <= 0 || excess <= 0) return 0;
+  const auto end = static_cast<std::size_t>(std::max(caret, excess));
+  const auto begin =
+      FittingLength(TextView(text).substr(0, end), end - static_cast<std::size_t>(excess));
+  text.erase(begin, end - begin);
+  caret = static_cast<int>(begin);
+  return end - begin;
 }
 
 }  // namespace
@@ -61,13 +65,14 @@ QPlainTextEdit* Binder::Bind(TextEditor& editor) {
       sync->text = widget->toPlainText();
       Text text = FromQt(sync->text);
       int caret = widget->textCursor().position();
-      CutToLength(text, caret, editor.maximumLength);
+      const std::size_t excess = CutToLength(text, caret, editor.maximumLength);
       sync->reading = true;
       editor.text = std::move(text);
       editor.caret = caret;
       sync->reading = false;
       show();
       editor.edited();
+      if (excess > 0) editor.cut(excess);
     });
   });
   const auto moved = [this, &editor, widget, sync] {

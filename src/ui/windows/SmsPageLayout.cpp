@@ -27,7 +27,7 @@ void LayOutSmsPage(TessarinMenu& window, QWidget& panel, Binder& bind) {
   auto* messages = Splitter(Qt::Vertical, {bind.Bind(window.lvwPhoneSMS), text});
   messages->setSizes({300, 200});
   auto* both = Splitter(Qt::Horizontal, {folders, messages});
-  both->setSizes({240, 760});
+  both->setSizes({200, 800});
   column->addWidget(both, 1);
 }
 
