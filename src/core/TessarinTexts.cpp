@@ -21,9 +21,9 @@ struct Column {
   bool visible = true;
 };
 
-const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
-                                               {words::kColumnPhoneSize, 70, true},
-                                               {words::kColumnFileType, 60}};
+const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 140},
+                                               {words::kColumnPhoneSize, 65, true},
+                                               {words::kColumnFileType, 55}};
 const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 135},
                                                   {words::kColumnComputerSize, 90, true},
                                                   {words::kColumnFileType, 90},
