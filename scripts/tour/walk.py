@@ -115,7 +115,7 @@ class Walk(User):
         self._wait_for_the_window()
         target = self._find("tree", self._words["kNameComputerFiles"])
         drag(self._bus, tune.middle, target.middle)
-        box = self._wait("dialog", "Tessarin")
+        box = self._wait("alert message", "Tessarin")
         words = box.find("label", bool).name
         box.find("push button", bool).act("Press")
         received = wait("the tune on the computer",

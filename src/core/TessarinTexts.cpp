@@ -21,12 +21,12 @@ struct Column {
   bool visible = true;
 };
 
-const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 200},
-                                               {words::kColumnPhoneSize, 70, true},
-                                               {words::kColumnFileType, 60}};
-const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 140},
+const std::vector<Column> kPhoneFileColumns = {{words::kColumnFileName, 140},
+                                               {words::kColumnPhoneSize, 65, true},
+                                               {words::kColumnFileType, 55}};
+const std::vector<Column> kComputerFileColumns = {{words::kColumnFileName, 135},
                                                   {words::kColumnComputerSize, 90, true},
-                                                  {words::kColumnFileType, 95},
+                                                  {words::kColumnFileType, 90},
                                                   {words::kColumnComputerDate, 118}};
 const std::vector<Column> kMessageColumns = {{-1, 24},
                                              {words::kColumnMessageStore, 80},

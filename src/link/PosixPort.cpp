@@ -66,6 +66,7 @@ void PosixPort::serial_close() {
   ::close(file_);
   file_ = -1;
   openPort_ = 0;
+  given_ = count_ = 0;
 }
 
 int PosixPort::serial_write(const std::uint8_t* bytes, std::size_t count) {
@@ -89,28 +90,34 @@ int PosixPort::serial_write(const std::uint8_t* bytes, std::size_t count) {
 std::size_t PosixPort::serial_read(std::uint8_t* buffer, std::size_t maximum) {
   if (maximum == 0) return 0;
   Idle();
-  const std::size_t count = ReadNow(buffer, maximum);
-  if (count > 0) return count;
-  if (!IsUsable()) {
+  if (given_ == count_ && !IsUsable()) {
     XSleep(kFirstByteMilliseconds);
     return 0;
   }
-  WaitFor(POLLIN, kFirstByteMilliseconds);
-  return ReadNow(buffer, maximum);
+  if (given_ == count_) {
+    WaitFor(POLLIN, kFirstByteMilliseconds);
+    Take();
+  }
+  const std::size_t count = std::min(maximum, count_ - given_);
+  std::copy_n(taken_.data() + given_, count, buffer);
+  given_ += count;
+  return count;
 }
 
-std::size_t PosixPort::ReadNow(std::uint8_t* buffer, std::size_t maximum) {
-  if (!IsUsable()) return 0;
-  const ssize_t count = ::read(file_, buffer, maximum);
+void PosixPort::Take() {
+  given_ = count_ = 0;
+  if (!IsUsable()) return;
+  const ssize_t count = ::read(file_, taken_.data(), taken_.size());
   if (count > 0) {
     troubles_.erase(openPort_);
-    return static_cast<std::size_t>(count);
+    count_ = static_cast<std::size_t>(count);
+  } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
+    gone_ = true;
   }
-  if (count == 0 || (errno != EAGAIN && errno != EINTR)) gone_ = true;
-  return 0;
 }
 
 void PosixPort::serial_flush() {
+  given_ = count_ = 0;
   if (IsUsable()) tcflush(file_, TCIFLUSH);
 }
 

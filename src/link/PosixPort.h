@@ -2,6 +2,7 @@
 
 // The serial port of this system: termios, raw, 8N1, exclusive, non-blocking.
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -36,8 +37,8 @@ class PosixPort : public linkport, public PortDiagnosis {
   void Idle();
   // Waits until `events` happen or `milliseconds` are over. Notices a device that is gone.
   void WaitFor(short events, int milliseconds);
-  // What is there at this moment.
-  std::size_t ReadNow(std::uint8_t* buffer, std::size_t maximum);
+  // Takes what is there at this moment. All that was taken before must have been given.
+  void Take();
   // 0, or the errno of what was refused.
   int Open(const std::string& device, std::int32_t speed);
   bool IsUsable() const { return file_ >= 0 && !gone_; }
@@ -48,6 +49,11 @@ class PosixPort : public linkport, public PortDiagnosis {
   int file_ = -1;
   int openPort_ = 0;
   bool gone_ = false;  // the device was unplugged while open
+  // What came. Readers ask for a few bytes at a time, and every question to the system costs as
+  // much as hundreds of bytes do: all that is there is taken at once.
+  std::array<std::uint8_t, 4096> taken_{};
+  std::size_t count_ = 0;  // of these bytes
+  std::size_t given_ = 0;  // of them to readers
   std::map<int, PortTrouble> troubles_;
 };
 

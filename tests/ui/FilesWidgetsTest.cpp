@@ -149,6 +149,10 @@ TEST_F(FilesWidgetsTest, ALongNameLosesItsMiddle) {
   EXPECT_TRUE(label->text().endsWith(QStringLiteral(".mid")));
   EXPECT_EQ(label->toolTip(), ToQt(panes_.name.text));
   EXPECT_EQ(label->accessibleName(), ToQt(panes_.name.text));
+  panes_.name.text = u"正在接收：ñgj.mid";
+  EXPECT_GE(label->sizeHint().height(),
+            label->fontMetrics().boundingRect(QRect(), 0, label->text()).height())
+      << "another script's letters are higher";
   panes_.name.text = u"Receiving: <b>bold</b>.mid";
   EXPECT_TRUE(label->toolTip().contains(QStringLiteral("&lt;b&gt;"))) << "a name is no HTML";
 }

@@ -1,5 +1,7 @@
 #include "ui/qt/ElidedLabel.h"
 
+#include <algorithm>
+
 #include "ui/qt/ToolTips.h"
 
 namespace tessarin {
@@ -9,7 +11,13 @@ void ElidedLabel::SetWords(const QString& words) {
   setTextFormat(Qt::PlainText);
   setAccessibleName(words_);
   setToolTip(PlainTip(words_));
+  updateGeometry();
   Elide();
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  const QFontMetrics metrics = fontMetrics();
+  return {0, std::max(metrics.height(), metrics.boundingRect(QRect(), 0, words_).height())};
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent* event) {

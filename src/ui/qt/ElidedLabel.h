@@ -12,7 +12,8 @@ class ElidedLabel : public QLabel {
 
   void SetWords(const QString& words);
 
-  QSize minimumSizeHint() const override { return {0, fontMetrics().height()}; }
+  // As high as the words are: letters of other scripts come from other, higher fonts.
+  QSize minimumSizeHint() const override;
   QSize sizeHint() const override { return minimumSizeHint(); }
 
  protected:
