@@ -57,8 +57,8 @@ QPlainTextEdit* Binder::Bind(TextEditor& editor) {
   };
   BindState(editor, *widget, show);
   connect(widget, &QPlainTextEdit::textChanged, this, [this, &editor, widget, show, sync] {
-    Act([&] {
-      sync->text = widget->toPlainText();
+    sync->text = widget->toPlainText();
+    Act(editor, [&] {
       Text text = FromQt(sync->text);
       int caret = widget->textCursor().position();
       CutToLength(text, caret, editor.maximumLength);
@@ -71,7 +71,7 @@ QPlainTextEdit* Binder::Bind(TextEditor& editor) {
     });
   });
   const auto moved = [this, &editor, widget, sync] {
-    Act([&] {
+    Act(editor, [&] {
       sync->reading = true;
       editor.caret = widget->textCursor().selectionEnd();
       sync->reading = false;
