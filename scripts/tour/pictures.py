@@ -34,17 +34,25 @@ PANELS = ("start", "files", "messages", "mms", "ringtones", "pictures", "themes"
 
 class Shot(NamedTuple):
     """A further window: the panel it is opened from, the way there (one word is a button, several
-    are menus and an entry), and the word of its title."""
+    are menus and an entry), and the word of its title. With `rows`, the name of a list, the way is
+    an entry in the menu of that list's first row."""
     name: str
     panel: str
     way: tuple
     title: str
+    rows: str = ""
 
 
 SHOTS = (
     Shot("phone-info", "start", ("kMenuFile", "kMenuPhoneInfo"), "kPhoneInfoTitle"),
     Shot("help", "start", ("kMenuHelp", "kMenuHelpContents"), "kHelpTitle"),
     Shot("about", "start", ("kMenuHelp", "kAbout"), "kAbout"),
+    Shot("composer", "messages", ("kActionNew",), "kComposerTitle"),
+    Shot("event-editor", "calendar", ("kActionNew",), "kEventNewTitle"),
+    Shot("calendar-sync", "calendar", ("kActionSync",), "kCalendarSyncTitle"),
+    Shot("contact-editor", "phonebook", ("kActionNew",), "kContactNewTitle"),
+    Shot("phonebook-sync", "phonebook", ("kActionSync",), "kPhonebookSyncTitle"),
+    Shot("copy-to-sim", "phonebook", ("kCopyPhoneToSim",), "kCopyToSimTitle", "kNameContacts"),
 )
 IN_THE_DARK = ("start", "files", "messages", "calendar", "phonebook", "help")
 # The day of the pictures, and a battery that stands still.
@@ -107,7 +115,9 @@ class Photographer(User):
         self._wait_for_the_window()
 
     def _take_further(self, shot):
-        if len(shot.way) == 1:
+        if shot.rows:
+            self._choose_for_first_row(shot.rows, *shot.way)
+        elif len(shot.way) == 1:
             self._press(self._words[shot.way[0]])
         else:
             self._choose(*shot.way)
@@ -116,6 +126,16 @@ class Photographer(User):
         self._take(shot.name, self._wait("dialog", title, what=f"“{word}”"))
         screen.press_key(self._bus, screen.ESCAPE)
         self._wait_until_gone("dialog", title)
+
+    def _choose_for_first_row(self, rows, entry):
+        """Also when its menu is closed again, an entry can be pressed: nothing stands before what it
+        opens then."""
+        x, y, width, height = self._wait("tree", self._words[rows]).find("tree item", bool).area
+        screen.click(self._bus, screen.RIGHT, x + width // 2, y + height // 2)
+        chosen = self._wait("menu item", self._words[entry])
+        screen.press_key(self._bus, screen.ESCAPE)
+        self._wait_until_gone("menu item", self._words[entry])
+        chosen.act("Press")
 
     def _take(self, name, window):
         """The window in its frame, in few colours."""

@@ -25,6 +25,9 @@ class CalendarPage : public Page {
   int panel() const override { return kCalendarPanel; }
   void Show() override;
   bool CanDo(std::string_view action) const override;
+  std::string_view DeletionIn(const Control& control) const override {
+    return &control == FrontList().grid ? "Delete" : std::string_view();
+  }
   void Do(std::string_view action) override;
   void PhoneFound() override { editor_.PhoneFound(); }
   void PhoneLost() override;

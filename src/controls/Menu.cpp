@@ -34,7 +34,7 @@ void Menu::Set(std::string_view key, Value MenuEntry::*member, Value value) {
   auto& entry = const_cast<MenuEntry&>(Entry(key));
   if (entry.*member == value) return;
   entry.*member = std::move(value);
-  changed();
+  entryChanged(entry);
 }
 
 void Menu::SetCaption(std::string_view key, Text caption) {

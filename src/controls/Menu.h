@@ -39,6 +39,8 @@ class Menu : public Control {
   void PopUp(const std::string& key) { popUpRequested(key); }
 
   Signal<const std::string&> clicked;  // the key of the entry
+  // One entry looks different; `changed` tells of the menu as a whole.
+  Signal<const MenuEntry&> entryChanged;
   // The menu of that key is about to be shown, and was closed again.
   Signal<const std::string&> opening;
   Signal<const std::string&> closed;

@@ -7,6 +7,23 @@
 
 namespace tessarin {
 
+namespace {
+
+// Marks a time for as long as it lives; one within another changes nothing.
+class Yielding {
+ public:
+  explicit Yielding(bool& mark) : mark_(mark), before_(std::exchange(mark, true)) {}
+  ~Yielding() { mark_ = before_; }
+  Yielding(const Yielding&) = delete;
+  Yielding& operator=(const Yielding&) = delete;
+
+ private:
+  bool& mark_;
+  const bool before_;
+};
+
+}  // namespace
+
 void WindowHost::Show(Window& window, Modality modality) {
   try {
     if (!window.loaded_) {
@@ -61,12 +78,6 @@ std::optional<std::filesystem::path> WindowHost::AskSaveFile(const FileQuestion&
   return answer;
 }
 
-std::optional<std::filesystem::path> WindowHost::AskOpenFile(const FileQuestion& question) {
-  auto answer = DoAskOpenFile(question);
-  RaiseIfEnding();
-  return answer;
-}
-
 void WindowHost::SetWords(HostWords words) {
   words_ = std::move(words);
   WordsChanged();
@@ -74,7 +85,10 @@ void WindowHost::SetWords(HostWords words) {
 
 void WindowHost::YieldToScreen() {
   RaiseIfEnding();
-  DoYield();
+  {
+    const Yielding yielding(yielding_);
+    DoYield();
+  }
   RaiseIfEnding();
 }
 
@@ -104,7 +118,8 @@ void WindowHost::ReportFault(const Text& message) {
   ending_ = true;
   endedByFault_ = true;
   const Text around = words_.fault.empty() ? u"###1" : words_.fault;
-  DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok, {});
+  DoMessageBox(Replace(around, u"###1", message), MessageKind::Error, MessageButtons::Ok,
+               words_.faultTitle);
 }
 
 void WindowHost::RequestEnd() {

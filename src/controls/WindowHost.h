@@ -25,9 +25,12 @@ enum class EditAct { Cut, Copy, Paste, Delete, SelectAll };
 // The few words that a window system shows by itself, in the program's language.
 struct HostWords {
   Text ok, cancel, yes, no;
-  Text divider;         // what a screen reader calls the handle between two parts of a window
-  Text fault;           // around the text of a fault, which takes the place of "###1"
-  std::string isoCode;  // of the language, for the system's own dialogs
+  Text faultTitle;  // of the box that tells of a fault
+  Text divider;     // what a screen reader calls the handle between two parts of a window
+  Text fault;       // around the text of a fault, which takes the place of "###1"
+  // A file dialog's: its labels, and the button that saves.
+  Text folder, fileName, fileType, save;
+  std::string isoCode;  // of the language, for the rest of the system's own dialogs
 };
 
 struct FileQuestion {
@@ -63,13 +66,14 @@ class WindowHost {
   // the program has begun to end meanwhile.
   Answer MessageBox(const Text& text, MessageKind kind = MessageKind::Information,
                     MessageButtons buttons = MessageButtons::Ok, const Text& title = {});
-  // A file to write or to read, or none when the user gives up. Raises ProgramEnding likewise.
+  // A file to write, or none when the user gives up. Raises ProgramEnding likewise.
   std::optional<std::filesystem::path> AskSaveFile(const FileQuestion& question);
-  std::optional<std::filesystem::path> AskOpenFile(const FileQuestion& question);
 
-  // Cut, copy and the like on the control that has the focus. False when that control has no such
-  // act.
-  bool EditInFocus(EditAct act) { return DoEditInFocus(act); }
+  // The control that has the keyboard's focus, or had it before a menu took it. Null for none.
+  const Control* Focus() const { return DoFocus(); }
+
+  // Cut, copy and the like on that control; nothing happens where it has no such act.
+  void EditInFocus(EditAct act) { DoEditInFocus(act); }
 
   // Whether that act would do something just now.
   bool CanEditInFocus(EditAct act) const { return DoCanEditInFocus(act); }
@@ -79,6 +83,8 @@ class WindowHost {
   // Lets the screen catch up while something waits: painting and animation, no user input. Raises
   // ProgramEnding once the program has begun to end.
   void YieldToScreen();
+  // True within YieldToScreen: what the user does is not for now.
+  bool IsYielding() const { return yielding_; }
 
   // Runs what an event, a tick or the start of the program does. A fault that rises out of it shows
   // its text in a message box and then ends the program. Once the program is ending, further
@@ -98,8 +104,8 @@ class WindowHost {
   virtual Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
                               const Text& title) = 0;
   virtual std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) = 0;
-  virtual std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) = 0;
-  virtual bool DoEditInFocus(EditAct act) = 0;
+  virtual const Control* DoFocus() const = 0;
+  virtual void DoEditInFocus(EditAct act) = 0;
   virtual bool DoCanEditInFocus(EditAct act) const = 0;
   virtual void DoYield() = 0;
   virtual void WordsChanged() {}
@@ -122,6 +128,7 @@ class WindowHost {
   Window* main_ = nullptr;
   std::vector<Window*> loaded_;
   int depth_ = 0;
+  bool yielding_ = false;
   bool ending_ = false;
   bool endedByFault_ = false;
   bool quit_ = false;

@@ -9,6 +9,7 @@
 namespace tessarin {
 
 class bar;
+class Control;
 
 // Something that takes part in the session's life.
 class SessionPart {
@@ -42,6 +43,9 @@ class Page : public SessionPart {
   // Whether the page can do an action at all; buttons of others stay disabled.
   virtual bool CanDo([[maybe_unused]] std::string_view action) const { return false; }
   virtual void Do([[maybe_unused]] std::string_view action) {}
+  // The action that deletes what is selected in `control`; empty where there is none. Only while
+  // such a control has the focus do the Delete key and the Edit menu reach the page.
+  virtual std::string_view DeletionIn([[maybe_unused]] const Control& control) const { return {}; }
 };
 
 }  // namespace tessarin

@@ -241,6 +241,8 @@ class TessarinMenu : public Window, public Session {
   // that their keys work.
   void EnableEditEntries(const std::string& menu, bool open);
   void Edit(EditAct act);
+  // The action by which the page in front deletes what is selected in the control in focus.
+  std::string_view DeletionInFocus() const;
   void DoAction(std::string_view action);
   void ShowOnly(int panel);
   void UpdateTitle();

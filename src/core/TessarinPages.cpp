@@ -86,7 +86,6 @@ void TessarinMenu::ShowOnly(int number) {
   front_ = number;
   StatusBar1.SetText(panel::kCount, u"");
   Toolbar2.Press(number == kStartPanel ? "" : kPages[static_cast<std::size_t>(number)].key);
-  UpdateActions();
   UpdateTitle();
 }
 
@@ -122,13 +121,18 @@ void TessarinMenu::UpdateActions() {
   MainMenu.Enable("mnuCalendarSync", connected && front_ == kCalendarPanel && can("Sync"));
 }
 
-void TessarinMenu::ShowStartPanel() { ShowOnly(kStartPanel); }
+void TessarinMenu::ShowStartPanel() {
+  ShowOnly(kStartPanel);
+  UpdateActions();
+}
 
 void TessarinMenu::ShowPage(int number) {
-  if (number < 0 || pages_[static_cast<std::size_t>(number)] == nullptr) return;
+  const auto index = static_cast<std::size_t>(number);
+  if (number < 0 || index >= pages_.size() || pages_[index] == nullptr) return;
   ShowOnly(number);
-  currentPage = kPages[static_cast<std::size_t>(number)].kind;
-  FrontPage()->Show();
+  currentPage = kPages[index].kind;
+  pages_[index]->Show();
+  UpdateActions();
 }
 
 void TessarinMenu::DoAction(std::string_view action) {
@@ -138,10 +142,11 @@ void TessarinMenu::DoAction(std::string_view action) {
 
 void TessarinMenu::EnableEditEntries(const std::string& menu, bool open) {
   if (menu != "Edit") return;
-  const Page* page = FrontPage();
   for (const EditEntry& entry : kEditEntries) {
-    const bool onPage = entry.act == EditAct::Delete && page != nullptr && page->CanDo("Delete");
-    MainMenu.Enable(entry.key, !open || onPage || host().CanEditInFocus(entry.act));
+    const auto deletion = entry.act == EditAct::Delete ? DeletionInFocus() : std::string_view();
+    const bool can =
+        deletion.empty() ? host().CanEditInFocus(entry.act) : FrontPage()->CanDo(deletion);
+    MainMenu.Enable(entry.key, !open || can);
   }
 }
 
@@ -170,9 +175,16 @@ void TessarinMenu::MenuClicked(const std::string& key) {
   action.empty() ? ShowPage(PanelOf(key)) : DoAction(action);
 }
 
-// A control that has no deletion of its own leaves it to the page.
+std::string_view TessarinMenu::DeletionInFocus() const {
+  const Page* page = FrontPage();
+  const Control* focus = host().Focus();
+  return page == nullptr || focus == nullptr ? std::string_view() : page->DeletionIn(*focus);
+}
+
+// A key that is pressed in a tree, or on a button, must not cost the user what is selected beside.
 void TessarinMenu::Edit(EditAct act) {
-  if (!host().EditInFocus(act) && act == EditAct::Delete) DoAction("Delete");
+  const auto deletion = act == EditAct::Delete ? DeletionInFocus() : std::string_view();
+  deletion.empty() ? host().EditInFocus(act) : DoAction(deletion);
 }
 
 }  // namespace tessarin

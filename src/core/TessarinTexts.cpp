@@ -41,10 +41,18 @@ const std::vector<Column> kContactColumns = {
 void TessarinMenu::ApplyInterfaceTexts() {
   language_.readLangFile(languageIndex);
   const auto word = [this](int index) { return language_.getTSInterfaceStr(index); };
-  host().SetWords({word(words::kButtonOk), word(words::kButtonCancel), word(words::kButtonYes),
-                   word(words::kButtonNo), word(words::kNameDivider),
-                   language_.getTSErrStr(text::error::kFault),
-                   kLanguages[static_cast<std::size_t>(language_.index())].isoCode});
+  host().SetWords({.ok = word(words::kButtonOk),
+                   .cancel = word(words::kButtonCancel),
+                   .yes = word(words::kButtonYes),
+                   .no = word(words::kButtonNo),
+                   .faultTitle = word(words::kFaultTitle),
+                   .divider = word(words::kNameDivider),
+                   .fault = language_.getTSErrStr(text::error::kFault),
+                   .folder = word(words::kDialogFolder),
+                   .fileName = word(words::kDialogFileName),
+                   .fileType = word(words::kDialogFileType),
+                   .save = word(words::kDialogSave),
+                   .isoCode = kLanguages[static_cast<std::size_t>(language_.index())].isoCode});
   ApplyMenuTexts(MainMenu, language_);
   for (const LanguageRow& row : kLanguages) {
     MainMenu.Check(row.menuKey, &row == &kLanguages[static_cast<std::size_t>(languageIndex)]);

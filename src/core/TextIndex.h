@@ -173,11 +173,7 @@ inline constexpr int kContactEditTitle = 324;
 inline constexpr int kContactOnSim = 325;
 inline constexpr int kContactInPhone = 326;
 inline constexpr int kContactName = 327;
-inline constexpr int kContactHomeNumber = 344;
-inline constexpr int kContactWorkNumber = 345;
-inline constexpr int kContactMobileNumber = 346;
-inline constexpr int kContactFaxNumber = 347;
-inline constexpr int kContactOtherNumber = 348;
+inline constexpr int kContactNumbers = 344;  // First of five: home, work, mobile, fax, other.
 inline constexpr int kContactEmail = 354;
 inline constexpr int kContactCompany = 360;
 inline constexpr int kContactOk = 366;
@@ -249,10 +245,7 @@ inline constexpr int kAskingQuestion = 431;
 inline constexpr int kOk = 432;  // Reads the phonebook after connecting; closes the About window.
 inline constexpr int kNotNow = 433;
 inline constexpr int kLanguageRussian = 453;
-inline constexpr int kFolderUnread = 461;
-inline constexpr int kFolderRead = 462;
-inline constexpr int kFolderUnsent = 463;
-inline constexpr int kFolderSent = 464;
+inline constexpr int kMessageFolders = 461;  // First of four: unread, read, unsent, sent.
 inline constexpr int kState = 467;
 inline constexpr int kLanguageRomanian = 482;
 
@@ -267,11 +260,8 @@ inline constexpr int kPortBusy = 506;
 inline constexpr int kPortNoTerminal = 507;
 inline constexpr int kPortInputOutput = 508;
 inline constexpr int kPortSilent = 509;
-inline constexpr int kPortUnplugged = 510;
-inline constexpr int kPortPrinter = 511;
 inline constexpr int kSearchNoPort = 512;
 inline constexpr int kSearchHowTo = 513;
-inline constexpr int kSearchFound = 514;
 inline constexpr int kConnectIdentifying = 515;
 inline constexpr int kConnectPreparing = 516;
 
@@ -372,7 +362,6 @@ inline constexpr int kActionMp3Button = 649;
 // File pages and transfer window.
 inline constexpr int kPanePhone = 650;
 inline constexpr int kPaneComputer = 651;
-inline constexpr int kPaneStorage = 652;
 inline constexpr int kFolderUnreadable = 653;
 inline constexpr int kFolderEmpty = 654;
 inline constexpr int kMmsUnavailable = 655;  // The only node of the phone's tree on the MMS page.
@@ -407,9 +396,8 @@ inline constexpr int kSaveIn = 704;
 inline constexpr int kPhoneNumbers = 705;
 
 // Calendar.
-inline constexpr int kDayNames = 750;       // First of seven, Sunday to Saturday.
-inline constexpr int kShortDayNames = 757;  // First of seven, Sunday to Saturday.
-inline constexpr int kMonthNames = 764;     // First of twelve.
+inline constexpr int kDayNames = 750;    // First of seven, Sunday to Saturday.
+inline constexpr int kMonthNames = 764;  // First of twelve.
 inline constexpr int kToday = 776;
 inline constexpr int kView = 777;
 inline constexpr int kViewNames = 778;  // First of three: all entries, month, day.
@@ -482,14 +470,11 @@ inline constexpr int kButtonClose = 914;
 inline constexpr int kFaultTitle = 915;
 inline constexpr int kMediaErrorTitle = 916;
 inline constexpr int kSaveTitle = 920;
-inline constexpr int kOpenTitle = 921;
 inline constexpr int kFilterRichText = 922;
-inline constexpr int kFilterAll = 923;
 inline constexpr int kDialogFolder = 924;
 inline constexpr int kDialogFileName = 925;
 inline constexpr int kDialogFileType = 926;
 inline constexpr int kDialogSave = 927;
-inline constexpr int kDialogOpen = 928;
 inline constexpr int kAboutVersion = 930;
 inline constexpr int kAboutPurpose = 931;
 inline constexpr int kAboutLicense = 932;
@@ -538,7 +523,6 @@ inline constexpr int kNameSyncActions = 994;
 inline constexpr int kNameSyncResult = 995;
 inline constexpr int kNameHelpPage = 996;
 inline constexpr int kNameConnectionState = 997;
-inline constexpr int kNamePlayer = 998;
 
 }  // namespace interface_
 

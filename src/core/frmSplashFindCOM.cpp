@@ -26,6 +26,8 @@ Text Sentence(const Language& language, const Text& port, const PortTrouble& tro
       return language.Filled(words::kPortBusy, {port});
     case Kind::NoTerminal:
       return language.Filled(words::kPortNoTerminal, {port});
+    case Kind::InputOutput:
+      return language.Filled(words::kPortInputOutput, {port});
     case Kind::Silent:
       return language.Filled(words::kPortSilent, {port});
     case Kind::None:
@@ -55,6 +57,7 @@ void frmSplashFindCOM::ApplyTexts() {
   caption = language_.getTSInterfaceStr(words::kSearchTitle);
   lblPort.text = language_.Filled(step_, {port_});
   lblHint.text = language_.getTSInterfaceStr(words::kSearchHint);
+  lblPassedOver.text = language_.getTSInterfaceStr(words::kSearchPassedOver);
   Animation1.accessibleName = language_.getTSInterfaceStr(words::kNameSearchAnimation);
   ShowTroubles();
 }
@@ -82,8 +85,7 @@ void frmSplashFindCOM::NothingFound() {
 void frmSplashFindCOM::Progress(int step) {
   step_ = step;
   lblPort.text = language_.getTSInterfaceStr(step_);
-  lblHint.visible = false;
-  lblTrouble.visible = false;
+  for (Label* label : {&lblHint, &lblPassedOver, &lblTrouble}) label->visible = false;
 }
 
 void frmSplashFindCOM::ShowTroubles() {
@@ -95,7 +97,7 @@ void frmSplashFindCOM::ShowTroubles() {
              Sentence(language_, PortName(port, trouble.device), trouble);
   }
   lblTrouble.text = lines;
-  lblTrouble.visible = !lines.empty();
+  lblPassedOver.visible = lblTrouble.visible = !lines.empty();
 }
 
 }  // namespace tessarin

@@ -19,9 +19,10 @@ class frmSplashFindCOM : public Window, public SessionPart {
   frmSplashFindCOM(WindowHost& host, const Language& language);
 
   Animation Animation1{*this, "Animation1"};
-  Label lblPort{*this, "lblPort"};        // what is being done
-  Label lblHint{*this, "lblHint"};        // how to connect a phone
-  Label lblTrouble{*this, "lblTrouble"};  // one line for each port that was passed over
+  Label lblPort{*this, "lblPort"};              // what is being done
+  Label lblHint{*this, "lblHint"};              // how to connect a phone
+  Label lblPassedOver{*this, "lblPassedOver"};  // heading of what follows
+  Label lblTrouble{*this, "lblTrouble"};        // one line for each port that was passed over
 
   // A port is about to be tried.
   void Trying(int port, const std::string& device);

@@ -138,9 +138,19 @@ void FilePage::Load(std::int16_t workerCode) {
                                shared_.session.language().getTSInterfaceStr(words::kWorkFolder));
   shared_.busyWindow.Work();
   EnableLists();
+  ShowCount();
   panes_.download.enabled = false;
   shared_.session.SetCommandIdle();
   shared_.session.UpdateActions();
+}
+
+void FilePage::ShowCount() {
+  TessarinMenu& session = shared_.session;
+  if (session.panelInFront() != panel()) return;
+  const int count = panes_.phoneList.Count();  // an empty list says so itself
+  session.StatusBar1.SetText(
+      tessarin::panel::kCount,
+      count == 0 ? Text() : session.language().Filled(words::kStatusItems, {ToText(count)}));
 }
 
 void FilePage::fileLoading() { phone_.fileLoading(StartFolder()); }
@@ -192,15 +202,22 @@ void FilePage::ApplyTexts() {
   phone_.ApplyTexts();
   computer_.ApplyTexts();
   if (row_.kind == MediaKind::MMS && PhoneIsThere() && mmsRoot_.empty()) FindMmsFolder();
+  if (PhoneIsThere() && panes_.phoneTree.Count() > 0) ShowCount();
 }
 
 bool FilePage::CanDo(std::string_view action) const {
   if (action == "New") return row_.tool == nullptr || *row_.tool != '\0';
   if (action == "Mp3") return row_.kind == MediaKind::Ringtone;
+  if (action == "DeleteOnComputer") return !computer_.SelectedFiles().empty();
   if (!PhoneIsThere()) return false;
   if (action == "Refresh") return row_.kind != MediaKind::MMS;
   if (action == "Delete") return row_.deletes && phone_.SelectedRow() != nullptr;
   return action == "Edit" && editing_.can != nullptr && editing_.can();
+}
+
+std::string_view FilePage::DeletionIn(const Control& control) const {
+  if (&control == &panes_.computerList) return "DeleteOnComputer";
+  return &control == &panes_.phoneList && row_.deletes ? "Delete" : std::string_view();
 }
 
 void FilePage::Do(std::string_view action) {
@@ -209,6 +226,7 @@ void FilePage::Do(std::string_view action) {
     Refresh();
   }
   if (action == "Delete") DeleteOnPhone();
+  if (action == "DeleteOnComputer") DeleteOnComputer();
   if (action == "Edit") editing_.edit();
   if (action == "Mp3") shared_.tools.Start("TuneTrimmer.exe");
   if (action != "New") return;

@@ -33,6 +33,7 @@ class FilePage : public Page {
   int panel() const override { return panes_.panel; }
   void Show() override;
   bool CanDo(std::string_view action) const override;
+  std::string_view DeletionIn(const Control& control) const override;
   void Do(std::string_view action) override;
   void PhoneFound() override;
   void PhoneLost() override;
@@ -47,8 +48,6 @@ class FilePage : public Page {
 
   // Shows the upload arrow if the file selected on the computer may go to this phone from here.
   void updateUploadArrows();
-  // Asks, and deletes the files selected on the computer.
-  void DeleteComputerFiles();
 
   MediaKind kind() const { return row_.kind; }
   PhonePane& phone() { return phone_; }
@@ -85,7 +84,11 @@ class FilePage : public Page {
   void Defer(std::int32_t commandState);
   void EnableLists();
   void Say(int interfaceText) const;
+  // In the status bar, how many entries of the phone the page shows.
+  void ShowCount();
   void DeleteOnPhone();
+  // Asks, and deletes the files that are selected.
+  void DeleteOnComputer();
 
   Shared shared_;
   const FilePageRow& row_;

@@ -37,7 +37,7 @@ void FilePage::PhoneRowReleased(ListAct act) {
 void FilePage::ComputerRowReleased(ListAct act) {
   const bool chosen = act == ListAct::LeftButton || act == ListAct::ArrowKey;
   if (chosen || panes_.upload.visible) updateUploadArrows();
-  shared_.session.MainMenu.Enable("delete_PC_file", !computer_.SelectedFiles().empty());
+  shared_.session.UpdateActions();
 }
 
 void FilePage::updateUploadArrows() {
@@ -128,10 +128,9 @@ void FilePage::Upload() {
   EnableLists();
 }
 
-void FilePage::DeleteComputerFiles() {
+void FilePage::DeleteOnComputer() {
   const auto names = computer_.SelectedFiles();
   TessarinMenu& session = shared_.session;
-  if (names.empty()) return;
   if (session.host().MessageBox(
           session.language().getTSPromptStr(text::prompt::kDeleteComputerFiles),
           MessageKind::Question, MessageButtons::OkCancel) != Answer::Ok) {
@@ -147,6 +146,7 @@ void FilePage::DeleteComputerFiles() {
   }
   panes_.upload.visible = false;
   computer_.fillList();
+  session.UpdateActions();
 }
 
 }  // namespace tessarin

@@ -56,9 +56,6 @@ void FilePages::FillTables(frmSplashTransmission& busyWindow) {
   });
   busyWindow.workers().Set(worker::kFileLoading, [this] { active_->fileLoading(); });
   busyWindow.workers().Set(worker::kSubfileLoading, [this] { active_->subfileLoading(); });
-  session_.MainMenu.clicked.Always([this](const std::string& key) {
-    if (key == "delete_PC_file") active_->DeleteComputerFiles();
-  });
   for (const auto& panes : session_.filePanes()) {
     if (panes.panel == kFilePanel) continue;  // has it already
     panes.computerList.contextMenuRequested.Always(

@@ -33,14 +33,9 @@ Text UserLocale::Grouped(unsigned long long number) const {
   return grouped;
 }
 
-Text UserLocale::Amount(unsigned long long bytes) const {
-  constexpr unsigned long long kStep = 1024;
-  if (bytes < kStep) return FromUtf8(std::to_string(bytes)) + u" B";
-  const bool large = bytes >= kStep * kStep;
-  const unsigned long long tenths = bytes * 10 / (large ? kStep * kStep : kStep);
+Text UserLocale::Tenths(unsigned long long tenths) const {
   const Text point = FromUtf8(::nl_langinfo_l(RADIXCHAR, locale_));
-  return Grouped(tenths / 10) + point + FromUtf8(std::to_string(tenths % 10)) +
-         (large ? u" MB" : u" KB");
+  return Grouped(tenths / 10) + point + FromUtf8(std::to_string(tenths % 10));
 }
 
 }  // namespace tessarin

@@ -22,8 +22,8 @@ class UserLocale {
   Text DateAndTime(std::time_t time) const;
   // With a mark between the thousands, a comma where the locale has none.
   Text Grouped(unsigned long long number) const;
-  // In bytes, or to one decimal in KB or MB, for the eye: "512 B", "1.5 KB".
-  Text Amount(unsigned long long bytes) const;
+  // So many tenths, with one decimal: "1.5" for 15.
+  Text Tenths(unsigned long long tenths) const;
 
  private:
   locale_t locale_;

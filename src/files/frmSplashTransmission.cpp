@@ -68,6 +68,15 @@ void frmSplashTransmission::FormLoad() {
 
 void frmSplashTransmission::FormUnload() { Animation1.playing = false; }
 
+Text frmSplashTransmission::Amount(std::uint64_t bytes) const {
+  constexpr std::uint64_t kStep = 1024;
+  const Language& language = session_.language();
+  if (bytes < kStep) return language.Filled(words::kSizeBytes, {locale_.Grouped(bytes)});
+  const bool isLarge = bytes >= kStep * kStep;
+  const Text number = locale_.Tenths(bytes * 10 / (isLarge ? kStep * kStep : kStep));
+  return language.Filled(isLarge ? words::kSizeMegabytes : words::kSizeKilobytes, {number});
+}
+
 void frmSplashTransmission::Progress(std::uint64_t bytes, std::uint64_t total) {
   const auto now = Time::now();
   if (now - lastShown_ < kBetweenPictures && bytes != total) return;
@@ -75,15 +84,12 @@ void frmSplashTransmission::Progress(std::uint64_t bytes, std::uint64_t total) {
   const std::chrono::duration<double> passed = now - start_;
   const double rate = static_cast<double>(bytes) / std::max(passed.count(), 0.001);
   const Language& language = session_.language();
-  const Text amount = locale_.Amount(bytes);
+  const Text amount = Amount(bytes);
   prgTransfer.visible = total > 0;
   prgTransfer.value = ShareOf(bytes, total);
   lblAmount.text =
-      (total == 0 ? amount
-                  : language.Filled(words::kTransferProgress, {amount, locale_.Amount(total)})) +
-      u" · " +
-      language.Filled(words::kTransferRate,
-                      {locale_.Amount(static_cast<unsigned long long>(rate))});
+      (total == 0 ? amount : language.Filled(words::kTransferProgress, {amount, Amount(total)})) +
+      u" · " + language.Filled(words::kTransferRate, {Amount(static_cast<std::uint64_t>(rate))});
   Refresh();
   host().YieldToScreen();
 }

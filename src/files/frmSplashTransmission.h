@@ -67,6 +67,8 @@ class frmSplashTransmission : public Window {
 
   void SetUp(const char16_t* film, std::int16_t code, const Text& text);
   void tmrTransferTimer_Timer();
+  // In bytes, or to one decimal in KB or MB, for the eye.
+  Text Amount(std::uint64_t bytes) const;
 
   TessarinMenu& session_;
   JobTable workers_;

@@ -34,6 +34,13 @@ PortTrouble DiagnoseOpening(int error, const std::string& device) {
     case EBUSY:
     case EWOULDBLOCK:
       return {PortTrouble::Kind::Busy, device, {}};
+    case EIO:
+      return {PortTrouble::Kind::InputOutput, device, {}};
+    case EHOSTDOWN:  // a Bluetooth phone that is switched off or far away
+    case EHOSTUNREACH:
+    case ETIMEDOUT:
+    case ECONNREFUSED:
+      return {PortTrouble::Kind::Silent, device, {}};
     default:
       return {PortTrouble::Kind::NoTerminal, device, {}};
   }

@@ -7,7 +7,7 @@
 namespace tessarin {
 
 struct PortTrouble {
-  enum class Kind { None, NoPermission, Busy, NoTerminal, Silent };
+  enum class Kind { None, NoPermission, Busy, NoTerminal, InputOutput, Silent };
   Kind kind = Kind::None;
   std::string device;  // the device's path
   std::string group;   // NoPermission: the group that may use the device

@@ -160,7 +160,7 @@ void SmsPage::FillTree() {
   tree.Add(u"", kRoot, language.getTSInterfaceStr(words::kMessagesRoot), "folder-closed",
            "folder-open");
   for (int stat = 0; stat < kFolders; ++stat) {
-    tree.Add(kRoot, FolderKey(stat), language.getTSInterfaceStr(words::kFolderUnread + stat),
+    tree.Add(kRoot, FolderKey(stat), language.getTSInterfaceStr(words::kMessageFolders + stat),
              "folder-closed", "folder-open");
   }
   tree.Expand(kRoot);

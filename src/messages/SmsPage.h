@@ -29,6 +29,9 @@ class SmsPage : public Page {
   int panel() const override { return 1; }
   void Show() override;
   bool CanDo(std::string_view action) const override;
+  std::string_view DeletionIn(const Control& control) const override {
+    return &control == &session_.lvwPhoneSMS ? "Delete" : std::string_view();
+  }
   void Do(std::string_view action) override;
   void PhoneLost() override;
   void ApplyTexts() override;

@@ -28,6 +28,9 @@ class PhonebookPage : public Page {
   int panel() const override { return kPhonebookPanel; }
   void Show() override;
   bool CanDo(std::string_view action) const override;
+  std::string_view DeletionIn(const Control& control) const override {
+    return &control == &session_.lvwPhonePhonebook ? "Delete" : std::string_view();
+  }
   void Do(std::string_view action) override;
   void PhoneFound() override;
   // ReadAllPhonebooks: the SIM, then phone memory, which is shown.

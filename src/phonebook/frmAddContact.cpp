@@ -171,8 +171,7 @@ void frmAddContact::ApplyWords() {
       {&Label2, words::kContactEmail, &Text6},    {&Label9, words::kContactEmail, &Text4},
       {&Label10, words::kContactCompany, &Text5}, {&Label11, words::kUrl, &Text7}};
   for (std::size_t i = 0; i < 5; ++i) {
-    labels.emplace_back(&NumberLabels[i], words::kContactHomeNumber + static_cast<int>(i),
-                        &Text2[i]);
+    labels.emplace_back(&NumberLabels[i], words::kContactNumbers + static_cast<int>(i), &Text2[i]);
     labels.emplace_back(&HomeLabels[i], kAddressWords[i], &HomeAddress[i]);
     labels.emplace_back(&WorkLabels[i], kAddressWords[i], &WorkAddress[i]);
   }

@@ -168,7 +168,7 @@ TEST_F(HostTest, TheEndUnwindsNestedModalWindowsFromTheInnermost) {
       {"a request while a file is asked for",
        [](ScriptedHost& host) {
          host.whileBoxStands = [&host] { host.RequestEnd(); };
-         host.AskOpenFile({});
+         host.AskSaveFile({});
          ADD_FAILURE() << "the question was answered";
        },
        0},

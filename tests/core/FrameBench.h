@@ -31,9 +31,14 @@ class AnyPage : public Page {
   AnyPage(TessarinMenu& session, int panel) : panel_(panel) { session.AddPage(*this); }
   int panel() const override { return panel_; }
   void Show() override { ++shows; }
-  bool CanDo(std::string_view) const override { return true; }
+  bool CanDo(std::string_view) const override { return !canAfterShowing || shows > 0; }
   void Do(std::string_view action) override { done.emplace_back(action); }
+  std::string_view DeletionIn(const Control& control) const override {
+    return &control == records ? "Delete" : std::string_view();
+  }
 
+  const Control* records = nullptr;
+  bool canAfterShowing = false;  // nothing before that
   int shows = 0;
   Names done;
 

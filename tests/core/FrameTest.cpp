@@ -154,7 +154,7 @@ TEST_F(FrameTest, ContextMenusPopUpAndDoWhatTheBarDoes) {
     const char* actions;
   } rows[] = {
       {0, "Phone", "lvwPhoneFile tvwPhoneDir", "delete_ refresh_", "Delete Refresh"},
-      {0, "PC", "lvwPCFile", "delete_", ""},
+      {0, "PC", "lvwPCFile", "delete_", "DeleteOnComputer"},
       {1, "SMS", "lvwPhoneSMS", "delete_ refresh_", "Delete Refresh"},
       {3, "Ringtone", "lvwPhoneRingtone", "refresh_", "Refresh"},
       {4, "Logo", "lvwPhoneLogo", "edit_ refresh_", "Edit Refresh"},
@@ -186,28 +186,60 @@ TEST_F(FrameTest, ContextMenusPopUpAndDoWhatTheBarDoes) {
   }
 }
 
+// Delete means the page's records only where they have the focus: a key that is pressed in the tree
+// beside them, or on a button, must not cost the user what is selected.
 TEST_F(FrameTest, EditActsReachTheControlInFocus) {
   Start();
   const char* keys[] = {"Cut", "Copy", "Paste", "Delete", "SelectAll"};
   const std::vector<EditAct> acts = {EditAct::Cut, EditAct::Copy, EditAct::Paste, EditAct::Delete,
                                      EditAct::SelectAll};
-  for (const int panel : {kStartPanel, kPhonebookPanel}) {
+  AnyPage& page = PageAt(kPhonebookPanel);
+  page.records = &session.lvwPhonePhonebook;
+  for (const int panel : {kStartPanel, kFilePanel, kPhonebookPanel}) {
     panel == kStartPanel ? session.ShowStartPanel() : session.ShowPage(panel);
-    for (const bool text : {true, false}) {
-      host.edits.clear();
-      host.textInFocus = text;
-      for (const bool open : {true, false}) {
-        (open ? session.MainMenu.opening : session.MainMenu.closed)("Edit");
-        for (const char* key : keys) {
-          const bool onPage = panel != kStartPanel && key == std::string("Delete");
-          EXPECT_EQ(session.MainMenu.Entry(key).enabled, !open || text || onPage) << key;
+    for (const Control* focus : std::initializer_list<const Control*>{
+             nullptr, &session.tvwPhonePhonebook, &session.lvwPhonePhonebook}) {
+      for (const bool text : {true, false}) {
+        SCOPED_TRACE(std::to_string(panel) + (focus == nullptr ? "" : focus->name()));
+        const bool records = panel == kPhonebookPanel && focus == page.records;
+        page.done.clear();
+        host.edits.clear();
+        host.focus = focus;
+        host.textInFocus = text;
+        for (const bool open : {true, false}) {
+          (open ? session.MainMenu.opening : session.MainMenu.closed)("Edit");
+          for (const char* key : keys) {
+            const bool can = !open || text || (records && key == std::string("Delete"));
+            EXPECT_EQ(session.MainMenu.Entry(key).enabled, can) << key;
+          }
         }
+        for (const char* key : keys) Choose(key);
+        auto expected = acts;
+        if (records) std::erase(expected, EditAct::Delete);
+        EXPECT_EQ(host.edits, expected);
+        EXPECT_EQ(page.done, records ? Names{"Delete"} : Names());
       }
-      for (const char* key : keys) Choose(key);
-      EXPECT_EQ(host.edits, acts);
-      EXPECT_EQ(PageAt(kPhonebookPanel).done,
-                panel == kPhonebookPanel && !text ? Names{"Delete"} : Names());
     }
+  }
+}
+
+TEST_F(FrameTest, NoPageOutsideTheTableIsShown) {
+  Start();
+  session.ShowPage(kPhonebookPanel);
+  for (const int panel : {-1, kStartPanel, 100}) {
+    session.ShowPage(panel);
+    EXPECT_EQ(session.panelInFront(), kPhonebookPanel);
+  }
+}
+
+// What a page can do may depend on what its opening finds.
+TEST_F(FrameTest, ActionsAreAskedForOnceThePageIsOpen) {
+  Start();
+  AnyPage& page = PageAt(kPhonebookPanel);
+  page.canAfterShowing = true;
+  session.ShowPage(kPhonebookPanel);
+  for (const ToolbarButton& button : session.Toolbar1.buttons()) {
+    EXPECT_TRUE(button.enabled) << button.key;
   }
 }
 

@@ -148,8 +148,9 @@ TEST(ShippedLanguages, HaveTheSameTextsWithTheSamePlaceholders) {
 TEST(ShippedTexts, HaveWordsForEveryNamedNumber) {
   std::ifstream header(TESSARIN_TEXT_INDEX);
   ASSERT_TRUE(header);
-  const std::pair<const char*, int> several[] = {
-      {"First of three", 3}, {"First of six", 6}, {"First of seven", 7}, {"First of twelve", 12}};
+  const std::pair<const char*, int> several[] = {{"First of three", 3}, {"First of four", 4},
+                                                 {"First of five", 5},  {"First of six", 6},
+                                                 {"First of seven", 7}, {"First of twelve", 12}};
   const modFile files("/nowhere", TESSARIN_SHARE);
   std::vector<Language> languages(9, Language(files));
   for (int index = 0; auto& language : languages) language.readLangFile(index++);

@@ -98,8 +98,9 @@ TEST(DiagnoseOpening, TellsTroublesApart) {
     int error;
     Kind kind;
   } cases[] = {{EACCES, Kind::NoPermission}, {EPERM, Kind::NoPermission}, {EBUSY, Kind::Busy},
-               {EWOULDBLOCK, Kind::Busy},    {ENOTTY, Kind::NoTerminal},  {EIO, Kind::NoTerminal},
-               {ENXIO, Kind::NoTerminal},    {ENOENT, Kind::None}};
+               {EWOULDBLOCK, Kind::Busy},    {ENOTTY, Kind::NoTerminal},  {EIO, Kind::InputOutput},
+               {ENXIO, Kind::NoTerminal},    {EHOSTDOWN, Kind::Silent},   {ETIMEDOUT, Kind::Silent},
+               {ENOENT, Kind::None}};
   for (const auto& c : cases) EXPECT_EQ(DiagnoseOpening(c.error, "/dev/null").kind, c.kind);
   EXPECT_EQ(DiagnoseOpening(EACCES, "/no/such/device").group, "");
 }

@@ -60,7 +60,7 @@ TEST_F(SmsPageTest, ShowsARowAndOffersWhatCanBeDoneWithIt) {
     EXPECT_TRUE(CanDo(action)) << action;
   }
   host.RunEvent([this] { session.ChangeLanguage(4); });
-  EXPECT_EQ(session.tvwPhoneSMS.Find(u"S1")->text, Word(words::kFolderUnread + 1));
+  EXPECT_EQ(session.tvwPhoneSMS.Find(u"S1")->text, Word(words::kMessageFolders + 1));
   EXPECT_TRUE(session.rtbSMS.text->starts_with(Word(words::kReadingDate)));
   EXPECT_EQ(session.lvwPhoneSMS.Current(), 2);
   OpenFolder(u"S0");

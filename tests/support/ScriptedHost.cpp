@@ -132,15 +132,6 @@ std::optional<std::filesystem::path> ScriptedHost::DoAskSaveFile(const FileQuest
   return file;
 }
 
-std::optional<std::filesystem::path> ScriptedHost::DoAskOpenFile(const FileQuestion& question) {
-  return DoAskSaveFile(question);
-}
-
-bool ScriptedHost::DoEditInFocus(EditAct act) {
-  edits.push_back(act);
-  return textInFocus;
-}
-
 void ScriptedHost::DoYield() {
   ++yields;
   if (whileWaiting) whileWaiting();

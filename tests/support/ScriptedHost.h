@@ -39,6 +39,7 @@ class ScriptedHost : public WindowHost {
   std::deque<Answer> answers;
   std::deque<std::filesystem::path> files;
 
+  const Control* focus = nullptr;
   bool textInFocus = false;  // whether there is something to cut, copy and the like
 
   // Called whenever something waits and yields to the screen, and while a box or dialog stands.
@@ -72,8 +73,8 @@ class ScriptedHost : public WindowHost {
   Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
                       const Text& title) override;
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
-  std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
-  bool DoEditInFocus(EditAct act) override;
+  const Control* DoFocus() const override { return focus; }
+  void DoEditInFocus(EditAct act) override { edits.push_back(act); }
   bool DoCanEditInFocus(EditAct) const override { return textInFocus; }
   void DoYield() override;
   void DoEndModals() override { modalsEnded_ = true; }

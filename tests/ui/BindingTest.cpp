@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -14,6 +17,7 @@
 #include <QTest>
 #include <QToolBar>
 #include <QTreeView>
+#include <utility>
 
 #include "ui/qt/Convert.h"
 #include "ui/qt/QtWindowHost.h"
@@ -33,6 +37,7 @@ class Sample : public Window {
   TreeView tree{*this, "tree"};
   Grid grid{*this, "grid"};
   Toolbar bar{*this, "bar"};
+  Menu menu{*this, "menu"};
   Timer timer{*this, "timer", 1};
 };
 
@@ -73,6 +78,7 @@ class BindingTest : public testing::Test {
     bind.Bind(sample.tree)->resize(300, 200);
     bind.Bind(sample.grid)->resize(300, 200);
     bind.Bind(sample.bar, false);
+    bind.Bind(sample.menu);
   }
 
   static void ClickItem(QAbstractItemView& view, const QModelIndex& index) {
@@ -208,6 +214,72 @@ TEST_F(BindingTest, ToolbarIsBuiltOnceAndUpdated) {
   EXPECT_EQ(pressed, "Refresh");
   sample.bar.Enable("Refresh", false);
   EXPECT_FALSE(action->isEnabled());
+}
+
+TEST_F(BindingTest, AMenusEntryChangesAlone) {
+  std::vector<MenuEntry> entries(1);
+  entries[0].key = "File";
+  entries[0].entries.resize(2);
+  entries[0].entries[0].key = "Open";
+  entries[0].entries[1].key = "Exit";
+  sample.menu.Define(entries);
+  auto& open = Get<QAction>("Open");
+  int changes = 0;
+  QObject::connect(&Get<QAction>("Exit"), &QAction::changed, [&] { ++changes; });
+  sample.menu.SetCaption("Open", u"Open it");
+  sample.menu.Enable("Open", false);
+  EXPECT_EQ(open.text(), "Open it");
+  EXPECT_FALSE(open.isEnabled());
+  EXPECT_EQ(changes, 0) << "each change of an entry would touch all of them";
+  sample.menu.SetCaption("File", u"Document");
+  EXPECT_EQ(Get<QAction>("File").text(), "Document");
+}
+
+// A screen reader's acts come past the queue that holds clicks back.
+TEST_F(BindingTest, AScreenReadersActsWaitLikeClicks) {
+  int acts = 0;
+  const auto count = [&] { ++acts; };
+  sample.button.clicked.Always(count);
+  sample.check.clicked.Always(count);
+  sample.tree.nodeClicked.Always(count);
+  const auto act = [this] {
+    for (const char* name : {"button", "check"}) {
+      auto* told = QAccessible::queryAccessibleInterface(&Get<QWidget>(name));
+      told->actionInterface()->doAction(told->actionInterface()->actionNames().constFirst());
+    }
+    auto& tree = Get<QTreeView>("tree");
+    tree.setCurrentIndex(tree.model()->index(0, 0));
+  };
+  // A press shows for a tenth of a second before it counts.
+  const auto isPressed = [this] { return Get<QPushButton>("button").isDown(); };
+  const auto expectNothing = [&](const char* when) {
+    QApplication::processEvents();
+    EXPECT_EQ(acts, 0) << when;
+    EXPECT_FALSE(sample.check.checked || Get<QCheckBox>("check").isChecked()) << when;
+    EXPECT_FALSE(Get<QTreeView>("tree").currentIndex().isValid()) << when;
+  };
+  QMetaObject::invokeMethod(&host, act, Qt::QueuedConnection);
+  do {
+    host.YieldToScreen();
+  } while (isPressed());
+  expectNothing("while something waits");
+
+  Sample front{host};
+  int ticks = 0;
+  sample.timer.tick.Always([&] { ++ticks; });
+  front.timer.tick.Always([&, isDone = false]() mutable {
+    if (!std::exchange(isDone, true)) act();
+    if (ticks > 0 && !isPressed()) front.Unload();
+  });
+  sample.timer.enabled = front.timer.enabled = true;
+  front.Show(Modality::Modal);
+  expectNothing("behind a modal window");
+  EXPECT_GT(ticks, 0) << "ticks go on there";
+
+  act();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !isPressed(); }));
+  EXPECT_EQ(acts, 3);
+  EXPECT_TRUE(sample.check.checked);
 }
 
 TEST_F(BindingTest, TimersTickOnlyWhileEnabledAndShown) {

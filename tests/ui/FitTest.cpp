@@ -7,10 +7,16 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
+#include <QStyleOptionComboBox>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -70,12 +76,17 @@ class FitTest : public testing::TestWithParam<int> {
     ASSERT_NE(top, nullptr) << window.name();
     top->resize(size.isEmpty() ? top->minimumSizeHint() : size);
     QApplication::processEvents();
-    for (QWidget* widget : top->findChildren<QWidget*>()) {
-      ExpectNamed(*widget);
+    ExpectWordsFit(*top);
+    for (QWidget* widget : top->findChildren<QWidget*>()) ExpectNamed(*widget);
+  }
+
+  static void ExpectWordsFit(const QWidget& top) {
+    for (QWidget* widget : top.findChildren<QWidget*>()) {
       if (!widget->isVisible()) continue;
       if (const auto* label = qobject_cast<QLabel*>(widget)) ExpectLabelFits(*label);
       if (const auto* button = qobject_cast<QAbstractButton*>(widget)) ExpectButtonFits(*button);
       if (const auto* header = qobject_cast<QHeaderView*>(widget)) ExpectHeadsFit(*header);
+      if (const auto* combo = qobject_cast<QComboBox*>(widget)) ExpectChoicesFit(*combo);
     }
   }
 
@@ -103,6 +114,11 @@ class FitTest : public testing::TestWithParam<int> {
 
   static void ExpectLabelFits(const QLabel& label) {
     if (label.text().isEmpty()) return;
+    if (label.objectName() == QStringLiteral("qt_msgbox_label")) {  // breaks words when it has to
+      EXPECT_LE(label.minimumSizeHint().width(), label.width()) << Where(label, label.text());
+      EXPECT_LE(label.heightForWidth(label.width()), label.height()) << Where(label, label.text());
+      return;
+    }
     const QRect room = label.contentsRect();
     const QRect needed = label.fontMetrics().boundingRect(
         QRect(0, 0, room.width(), 0), label.wordWrap() ? Qt::TextWordWrap : 0, label.text());
@@ -112,12 +128,25 @@ class FitTest : public testing::TestWithParam<int> {
 
   static void ExpectButtonFits(const QAbstractButton& button) {
     if (button.text().isEmpty()) {
-      EXPECT_NE(button.objectName(), QStringLiteral("qt_toolbar_ext_button"))
-          << "the bar is too narrow for its buttons in "
+      EXPECT_FALSE(button.objectName().endsWith(QStringLiteral("_ext_button")))
+          << button.objectName().toStdString() << ": the bar is too narrow for what it holds in "
           << button.window()->windowTitle().toStdString();
       return;
     }
     EXPECT_LE(button.sizeHint().width(), button.width()) << Where(button, button.text());
+  }
+
+  static void ExpectChoicesFit(const QComboBox& combo) {
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    const int room =
+        combo.style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo)
+            .width();
+    for (int index = 0; index < combo.count(); ++index) {
+      const QString words = combo.itemText(index);
+      EXPECT_LE(combo.fontMetrics().horizontalAdvance(words), room) << Where(combo, words);
+    }
   }
 
   static void ExpectHeadsFit(const QHeaderView& header) {
@@ -176,10 +205,68 @@ TEST_P(FitTest, SearchWindowWithEverySentence) {
   const PortTrouble troubles[] = {{Kind::NoPermission, "/dev/ttyACM0", "dialout"},
                                   {Kind::NoPermission, "/dev/ttyACM1", ""},
                                   {Kind::Busy, "/dev/ttyUSB0", ""},
-                                  {Kind::NoTerminal, "/dev/ttyUSB1", ""},
+                                  {Kind::InputOutput, "/dev/ttyUSB1", ""},
                                   {Kind::Silent, "/dev/rfcomm0", ""}};
   for (int port = 3; const PortTrouble& trouble : troubles) splash.PassedOver(port++, trouble);
   ExpectWordsFit(splash);
+}
+
+// Every prompt and every error in a box with the buttons that it may have, its values filled in
+// with a name as long as names get.
+TEST_P(FitTest, MessageBoxes) {
+  const Text name = Text(60, u'W') + u" " + Text(120, u'w') + u".mid";
+  QTimer measuring;
+  const auto measure = [] {
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    ExpectWordsFit(*box);
+    EXPECT_LE(box->width(), box->screen()->availableGeometry().width());
+    box->reject();
+  };
+  QObject::connect(&measuring, &QTimer::timeout, measure);
+  measuring.start(0);
+  const Language& language = session().language();
+  const auto show = [&](const Text& text, MessageKind kind, MessageButtons buttons) {
+    if (text.empty()) return;
+    host_.MessageBox(FillPlaceholders(text, {name, name, name, name}), kind, buttons);
+  };
+  for (const int index : {text::prompt::kDeleteFile, text::prompt::kDeleteMessages,
+                          text::prompt::kSyncWithOutlook, text::prompt::kReplaceEvent,
+                          text::prompt::kReplaceFile, text::prompt::kDeleteComputerFiles}) {
+    for (const auto buttons : {MessageButtons::OkCancel, MessageButtons::YesNo}) {
+      show(language.getTSPromptStr(index), MessageKind::Question, buttons);
+    }
+  }
+  for (int index = 0; index <= text::error::kListingDamaged; ++index) {
+    show(language.getTSErrStr(index), MessageKind::Error, MessageButtons::Ok);
+  }
+}
+
+// Qt speaks only some of the languages.
+TEST_P(FitTest, TheFileDialogSpeaksTheLanguage) {
+  const Language& language = session().language();
+  QTimer::singleShot(0, &host_, [&language] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    QApplication::processEvents();
+    ExpectWordsFit(*dialog);
+    namespace words = text::interface_;
+    QStringList expected, seen;
+    for (const int index : {words::kDialogFolder, words::kDialogFileName, words::kDialogFileType,
+                            words::kDialogSave, words::kButtonCancel}) {
+      expected << ToQt(language.getTSInterfaceStr(index));
+    }
+    for (const char* name : {"lookInLabel", "fileNameLabel", "fileTypeLabel"}) {
+      seen << dialog->findChild<QLabel*>(QLatin1String(name))->text();
+    }
+    auto* buttons = dialog->findChild<QDialogButtonBox*>();
+    for (const auto button : {QDialogButtonBox::Save, QDialogButtonBox::Cancel}) {
+      seen << buttons->button(button)->text();
+    }
+    EXPECT_EQ(seen, expected);
+    dialog->reject();
+  });
+  host_.AskSaveFile({u"Title", u"Rich Text", "rtf", std::filesystem::temp_directory_path(), u""});
 }
 
 TEST_P(FitTest, Help) {

@@ -1,8 +1,10 @@
 #include "ui/qt/Binder.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -26,8 +28,24 @@ void Binder::Follow(Control& control, std::function<void()> update) {
   connections_.push_back(control.changed.Connect(std::move(update)));
 }
 
-void Binder::Act(const std::function<void()>& act) {
-  if (!released_) host_.RunEvent(act);
+void Binder::Run(const std::function<void()>& event) {
+  if (!released_) host_.RunEvent(event);
+}
+
+bool Binder::TakesActs() const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  const QWidget* widget = &top_;
+  while (modal != nullptr && widget != nullptr && widget != modal) widget = widget->parentWidget();
+  return !host_.IsYielding() && (modal == nullptr || widget == modal);
+}
+
+void Binder::Act(Control& control, const std::function<void()>& act) {
+  if (released_) return;
+  if (TakesActs()) return Run(act);
+  const auto restore = [this, &control] {
+    if (!released_) control.changed();
+  };
+  QMetaObject::invokeMethod(this, restore, Qt::QueuedConnection);
 }
 
 void Binder::Release() {
@@ -41,8 +59,10 @@ void Binder::BindState(Control& control, QWidget& widget, std::function<void()> 
   widget.setObjectName(QString::fromStdString(control.name()));
   connect(&widget, &QWidget::customContextMenuRequested, this,
           [this, &control, &widget](const QPoint& place) {
-            menuPlace_ = widget.mapToGlobal(place);
-            Act([&] { control.contextMenuRequested(); });
+            // What scrolls tells the place within what is seen of it.
+            const auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+            menuPlace_ = (area == nullptr ? &widget : area->viewport())->mapToGlobal(place);
+            Act(control, [&] { control.contextMenuRequested(); });
           });
   connections_.push_back(
       control.focusWanted.Connect([&widget] { widget.setFocus(Qt::OtherFocusReason); }));
@@ -70,15 +90,32 @@ QLabel* Binder::BindElided(Label& label) {
   return widget;
 }
 
+namespace {
+
+// What is selected stays so while a menu has the focus: the menu may be about to cut it.
+class FieldWidget : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void focusOutEvent(QFocusEvent* event) override {
+    const bool byMenu = event->reason() == Qt::MenuBarFocusReason;
+    QFocusEvent told(QEvent::FocusOut, byMenu ? Qt::PopupFocusReason : event->reason());
+    QLineEdit::focusOutEvent(&told);
+  }
+};
+
+}  // namespace
+
 QLineEdit* Binder::Bind(TextBox& box) {
-  auto* widget = new QLineEdit(&top_);
+  auto* widget = new FieldWidget(&top_);
   BindState(box, *widget, [&box, widget] {
     const QSignalBlocker quiet(widget);
     if (box.maximumLength > 0) widget->setMaxLength(box.maximumLength);
     if (widget->text() != ToQt(box.text)) widget->setText(ToQt(box.text));
   });
   connect(widget, &QLineEdit::textEdited, this, [this, &box](const QString& text) {
-    Act([&] {
+    Act(box, [&] {
       box.text = FromQt(text);
       box.edited();
     });
@@ -93,7 +130,7 @@ QPlainTextEdit* Binder::BindMultiLine(TextBox& box) {
     if (widget->toPlainText() != ToQt(box.text)) widget->setPlainText(ToQt(box.text));
   });
   connect(widget, &QPlainTextEdit::textChanged, this, [this, &box, widget] {
-    Act([&] {
+    Act(box, [&] {
       Text text = FromQt(widget->toPlainText());
       const int limit = box.maximumLength;
       if (limit > 0) text.resize(std::min(text.size(), static_cast<std::size_t>(limit)));
@@ -109,10 +146,6 @@ QPlainTextEdit* Binder::BindMultiLine(TextBox& box) {
   return widget;
 }
 
-void Binder::BindButton(QAbstractButton& widget, Signal<>& clicked) {
-  connect(&widget, &QAbstractButton::clicked, this, [this, &clicked] { Act([&] { clicked(); }); });
-}
-
 QPushButton* Binder::Bind(Button& button) {
   auto* widget = new QPushButton(&top_);
   widget->setAutoDefault(false);
@@ -120,17 +153,22 @@ QPushButton* Binder::Bind(Button& button) {
     widget->setText(ToQt(button.caption));
     widget->setIcon(Icon(button.image));
   });
-  BindButton(*widget, button.clicked);
+  connect(widget, &QAbstractButton::clicked, this,
+          [this, &button] { Act(button, [&] { button.clicked(); }); });
   return widget;
 }
 
 void Binder::BindChecked(CheckBox& box, QAbstractButton& widget) {
   BindState(box, widget, [&box, &widget] {
+    const QSignalBlocker quiet(&widget);
     widget.setText(ToQt(box.caption));
     widget.setChecked(box.checked);
   });
-  connect(&widget, &QAbstractButton::clicked, this, [this, &box](bool checked) {
-    Act([&] {
+  // A screen reader toggles without a click. An option goes out when another one is chosen, which
+  // is no act of its own.
+  connect(&widget, &QAbstractButton::toggled, this, [this, &box, &widget](bool checked) {
+    if (!checked && widget.autoExclusive()) return;
+    Act(box, [&] {
       box.checked = checked;
       box.clicked();
     });
@@ -170,7 +208,7 @@ QComboBox* Binder::Bind(ComboBox& box) {
     widget->setAccessibleDescription(ToQt(box.accessibleName));
   });
   connect(widget, &QComboBox::activated, this, [this, &box](int index) {
-    Act([&] {
+    Act(box, [&] {
       box.Select(index);
       box.clicked();
     });
@@ -184,7 +222,7 @@ QListWidget* Binder::Bind(ListBox& box) {
     FillItems(box, *widget, [widget](int index) { widget->setCurrentRow(index); });
   });
   connect(widget, &QListWidget::currentRowChanged, this, [this, &box](int index) {
-    Act([&] {
+    Act(box, [&] {
       box.Select(index);
       box.clicked();
     });
@@ -241,7 +279,7 @@ void Binder::Bind(Timer& timer) {
       clock->stop();
     }
   });
-  connect(clock, &QTimer::timeout, this, [this, &timer] { Act([&] { timer.tick(); }); });
+  connect(clock, &QTimer::timeout, this, [this, &timer] { Run([&] { timer.tick(); }); });
 }
 
 }  // namespace tessarin

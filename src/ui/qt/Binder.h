@@ -87,14 +87,18 @@ class Binder : public QObject {
 
   // Runs now, and again at each change of the control, for as long as the window is seen.
   void Follow(Control& control, std::function<void()> update);
-  // Runs what the user did as an event of the program.
-  void Act(const std::function<void()>& act);
+  // Runs what the user did to `control` as an event of the program. While something waits, or
+  // another window stands modally before this one, no click comes this far, but what a screen
+  // reader does comes: then nothing runs, and the widget goes back to what the control says.
+  void Act(Control& control, const std::function<void()>& act);
 
  private:
+  // Runs what happens by itself, such as a tick.
+  void Run(const std::function<void()>& event);
+  bool TakesActs() const;
   // The state that every control has. `update` brings the rest.
   void BindState(Control& control, QWidget& widget, std::function<void()> update = nullptr);
   void BindChecked(CheckBox& box, QAbstractButton& widget);
-  void BindButton(QAbstractButton& widget, Signal<>& clicked);
 
   WindowHost& host_;
   QWidget& top_;

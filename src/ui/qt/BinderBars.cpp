@@ -52,6 +52,11 @@ class MenuActions {
     for (const auto& entry : entries) Update(entry);
   }
 
+  void Update(const MenuEntry& entry) {
+    ShowEntry(entry, *actions_.at(entry.key));
+    for (const auto& below : entry.entries) Update(below);
+  }
+
   QMenu* MenuOf(const std::string& key) const {
     const auto found = actions_.find(key);
     return found == actions_.end() ? nullptr : found->second->menu();
@@ -84,11 +89,6 @@ class MenuActions {
       for (const auto& below : entry.entries) Build(below, *menu);
     }
     actions_[entry.key]->setObjectName(QString::fromStdString(entry.key));
-  }
-
-  void Update(const MenuEntry& entry) {
-    ShowEntry(entry, *actions_.at(entry.key));
-    for (const auto& below : entry.entries) Update(below);
   }
 
   QMenuBar& bar_;
@@ -139,13 +139,18 @@ struct PanelWidget {
 QMenuBar* Binder::Bind(Menu& menu) {
   auto* widget = new QMenuBar(&top_);
   const auto tell = [this](Signal<const std::string&>& signal) {
-    return [this, &signal](const std::string& key) { Act([&] { signal(key); }); };
+    return [this, &signal](const std::string& key) { Run([&] { signal(key); }); };
   };
-  auto actions = std::make_shared<MenuActions>(*widget, tell(menu.clicked), tell(menu.opening),
-                                               tell(menu.closed));
+  const auto clicked = [this, &menu](const std::string& key) {
+    Act(menu, [&] { menu.clicked(key); });
+  };
+  auto actions =
+      std::make_shared<MenuActions>(*widget, clicked, tell(menu.opening), tell(menu.closed));
   // A menu that is open when its window goes hides later than this binder lets go of everything.
   connect(widget, &QObject::destroyed, widget, [actions] {});
   BindState(menu, *widget, [&menu, actions] { actions->Show(menu.entries()); });
+  connections_.push_back(
+      menu.entryChanged.Connect([actions](const MenuEntry& entry) { actions->Update(entry); }));
   connections_.push_back(menu.popUpRequested.Connect([this, actions](const std::string& key) {
     if (QMenu* context = actions->MenuOf(key)) context->popup(menuPlace_);
   }));
@@ -175,7 +180,7 @@ QToolBar* Binder::Bind(Toolbar& bar, bool wordsBelow) {
         connect(action, &QAction::triggered, this, [this, &bar, action, key] {
           // Which page's button stands pressed is the logic's decision, not the click's.
           if (const auto* button = bar.Find(key)) action->setChecked(button->pressed);
-          Act([&] { bar.clicked(key); });
+          Act(bar, [&] { bar.clicked(key); });
         });
       }
       *keys = now;

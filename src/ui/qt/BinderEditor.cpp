@@ -61,8 +61,8 @@ QPlainTextEdit* Binder::Bind(TextEditor& editor) {
   };
   BindState(editor, *widget, show);
   connect(widget, &QPlainTextEdit::textChanged, this, [this, &editor, widget, show, sync] {
-    Act([&] {
-      sync->text = widget->toPlainText();
+    sync->text = widget->toPlainText();
+    Act(editor, [&] {
       Text text = FromQt(sync->text);
       int caret = widget->textCursor().position();
       const std::size_t excess = CutToLength(text, caret, editor.maximumLength);
@@ -76,7 +76,7 @@ QPlainTextEdit* Binder::Bind(TextEditor& editor) {
     });
   });
   const auto moved = [this, &editor, widget, sync] {
-    Act([&] {
+    Act(editor, [&] {
       sync->reading = true;
       editor.caret = widget->textCursor().selectionEnd();
       sync->reading = false;

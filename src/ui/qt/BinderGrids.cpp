@@ -19,7 +19,7 @@ namespace tessarin {
 QTableView* Binder::Bind(Grid& grid) {
   const auto askKey = [this, &grid](GridKey key) {
     bool done = false;
-    if (grid.keyPressed) Act([&] { done = grid.keyPressed(key); });
+    if (grid.keyPressed) Act(grid, [&] { done = grid.keyPressed(key); });
     return done;
   };
   auto* widget = new GridView(grid, askKey, &top_);
@@ -36,9 +36,10 @@ QTableView* Binder::Bind(Grid& grid) {
                                        : QModelIndex());
     widget->viewport()->update();
   });
-  const auto place = [this](const QModelIndex& index, const std::function<void(int, int)>& act) {
+  const auto place = [this, &grid](const QModelIndex& index,
+                                   const std::function<void(int, int)>& act) {
     if (!index.isValid()) return;
-    Act([&act, row = index.row() + 1, column = index.column()] { act(row, column); });
+    Act(grid, [&act, row = index.row() + 1, column = index.column()] { act(row, column); });
   };
   connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [&grid, place](const QModelIndex& index) {
@@ -47,7 +48,8 @@ QTableView* Binder::Bind(Grid& grid) {
   connect(widget, &QTableView::clicked, this, [&grid, place](const QModelIndex& index) {
     place(index, [&grid](int row, int column) { grid.SelectByUser(row, column); });
   });
-  connect(widget, &QTableView::activated, this, [this, &grid] { Act([&] { grid.activated(); }); });
+  connect(widget, &QTableView::activated, this,
+          [this, &grid] { Act(grid, [&] { grid.activated(); }); });
   return widget;
 }
 
@@ -77,7 +79,7 @@ QWidget* Binder::BindAsButtons(ComboBox& box) {
     }
   });
   connect(group, &QButtonGroup::idClicked, this, [this, &box](int index) {
-    Act([&] {
+    Act(box, [&] {
       box.Select(index);
       box.clicked();
     });
@@ -98,7 +100,7 @@ QWidget* Binder::Bind(UpDown& arrows) {
     button->setFixedSize(20, 13);
     column->addWidget(button);
     connect(button, &QToolButton::clicked, this,
-            [this, &arrows, step] { Act([&] { arrows.stepped(step); }); });
+            [this, &arrows, step] { Act(arrows, [&] { arrows.stepped(step); }); });
     return button;
   };
   auto* up = add(Qt::UpArrow, 1);
@@ -160,7 +162,7 @@ QDateTimeEdit* Binder::Bind(DateTimePicker& picker) {
     widget->setDateTime({moment.date(), moment.time(), Qt::UTC});
   });
   connect(widget, &QDateTimeEdit::dateTimeChanged, this, [this, &picker](const QDateTime& moment) {
-    Act([&] {
+    Act(picker, [&] {
       picker.value = ValueOf(moment);
       picker.edited();
     });

@@ -126,7 +126,7 @@ QTextBrowser* Binder::Bind(HtmlView& view) {
   auto* widget = new PageWidget(view, &top_);
   BindState(view, *widget, [widget] { widget->Update(); });
   connect(widget, &QTextBrowser::anchorClicked, this, [this, &view](const QUrl& link) {
-    Act([&] { view.linkClicked(link.toString().toStdString()); });
+    Act(view, [&] { view.linkClicked(link.toString().toStdString()); });
   });
   return widget;
 }

@@ -99,7 +99,7 @@ void ShowNodes(const std::vector<std::unique_ptr<TreeNode>>& nodes, TreeModel& m
 }  // namespace
 
 QTreeView* Binder::Bind(ListView& list) {
-  auto* widget = new RowsWidget(list, &top_, [this](const auto& act) { Act(act); });
+  auto* widget = new RowsWidget(list, &top_, [this, &list](const auto& act) { Act(list, act); });
   auto* model = new ListModel(list, widget);
   widget->setModel(model);
   views_.push_back(widget);
@@ -125,12 +125,13 @@ QTreeView* Binder::Bind(ListView& list) {
             for (const auto& index : widget->selectionModel()->selectedRows()) {
               rows.push_back(index.row());
             }
-            Act([&] { list.SelectByUser(rows, widget->currentIndex().row()); });
+            Act(list, [&] { list.SelectByUser(rows, widget->currentIndex().row()); });
             widget->Chosen();
           });
-  connect(widget, &QTreeView::activated, this, [this, &list] { Act([&] { list.activated(); }); });
+  connect(widget, &QTreeView::activated, this,
+          [this, &list] { Act(list, [&] { list.activated(); }); });
   connect(widget->header(), &QHeaderView::sectionClicked, this,
-          [this, &list](int column) { Act([&] { list.columnClicked(column); }); });
+          [this, &list](int column) { Act(list, [&] { list.columnClicked(column); }); });
   return widget;
 }
 
@@ -164,7 +165,7 @@ QTreeView* Binder::Bind(TreeView& tree) {
   const auto chosen = [this, &tree](const QModelIndex& index) {
     if (!index.isValid()) return;
     const Text key = TreeModel::Node(index).key;
-    Act([&] { tree.SelectByUser(key); });
+    Act(tree, [&] { tree.SelectByUser(key); });
   };
   // A click on the selected node counts as well: it loads the folder again.
   connect(widget, &QTreeView::clicked, this, [widget, chosen](const QModelIndex& index) {
@@ -179,11 +180,11 @@ QTreeView* Binder::Bind(TreeView& tree) {
           });
   connect(widget, &QTreeView::expanded, this, [this, &tree](const QModelIndex& index) {
     const Text key = TreeModel::Node(index).key;
-    Act([&] { tree.ExpandByUser(key, true); });
+    Act(tree, [&] { tree.ExpandByUser(key, true); });
   });
   connect(widget, &QTreeView::collapsed, this, [this, &tree](const QModelIndex& index) {
     const Text key = TreeModel::Node(index).key;
-    Act([&] { tree.ExpandByUser(key, false); });
+    Act(tree, [&] { tree.ExpandByUser(key, false); });
   });
   return widget;
 }

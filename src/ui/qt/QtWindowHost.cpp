@@ -1,40 +1,27 @@
 #include "ui/qt/QtWindowHost.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLibraryInfo>
-#include <QLineEdit>
 #include <QLocale>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSplitter>
 
 #include "ui/qt/Convert.h"
+#include "ui/qt/EditActs.h"
 
 namespace tessarin {
 
 namespace {
-
-void CopyRows(const QAbstractItemView& view) {
-  if (view.selectionModel() == nullptr) return;
-  QStringList lines;
-  for (const auto& row : view.selectionModel()->selectedRows()) {
-    QStringList cells;
-    for (int column = 0; column < view.model()->columnCount(row.parent()); ++column) {
-      cells << row.siblingAtColumn(column).data().toString();
-    }
-    lines << cells.join(QLatin1Char('\t'));
-  }
-  if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
-}
 
 // A window that is open already may be minimized, or lie behind another.
 void BringToFront(QWidget& top) {
@@ -45,7 +32,10 @@ void BringToFront(QWidget& top) {
 
 }  // namespace
 
-QtWindowHost::QtWindowHost(std::vector<Layout> layouts) : layouts_(std::move(layouts)) {}
+QtWindowHost::QtWindowHost(std::vector<Layout> layouts) : layouts_(std::move(layouts)) {
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { FocusMoved(now); });
+}
 QtWindowHost::~QtWindowHost() = default;
 
 QtWindowHost::Shown* QtWindowHost::Find(const Window& window) const {
@@ -276,72 +266,73 @@ void QtWindowHost::NameDividers(const QWidget& top) const {
   }
 }
 
+// A menu that is opened by the keyboard takes the focus; what it acts on is what had it before.
+void QtWindowHost::FocusMoved(QWidget* now) {
+  const bool isMenu =
+      qobject_cast<QMenuBar*>(now) != nullptr || qobject_cast<QMenu*>(now) != nullptr;
+  if (now != nullptr && !isMenu) focus_ = now;
+}
+
+QWidget* QtWindowHost::FocusWidget() const {
+  const bool isThere = focus_ != nullptr && focus_->isVisible() && focus_->isEnabled() &&
+                       focus_->window() == QApplication::activeWindow();
+  return isThere ? focus_.data() : nullptr;
+}
+
+// A control may be made of several widgets, of which the outermost has its name.
+const Control* QtWindowHost::DoFocus() const {
+  const QWidget* widget = FocusWidget();
+  const Shown* shown = widget == nullptr ? nullptr : FindTop(widget->window());
+  for (; shown != nullptr && widget != shown->top.get(); widget = widget->parentWidget()) {
+    const Control* control = shown->window->Find(widget->objectName().toStdString());
+    if (control != nullptr) return control;
+  }
+  return nullptr;
+}
+
 bool QtWindowHost::DoCanEditInFocus(EditAct act) const {
-  const QWidget* focus = QApplication::focusWidget();
-  const bool reads = act == EditAct::Copy || act == EditAct::SelectAll;
-  if (const auto* line = qobject_cast<const QLineEdit*>(focus)) return reads || !line->isReadOnly();
-  if (const auto* editor = qobject_cast<const QPlainTextEdit*>(focus)) {
-    return reads || !editor->isReadOnly();
-  }
-  return reads && qobject_cast<const QAbstractItemView*>(focus) != nullptr;
+  const QWidget* widget = FocusWidget();
+  return widget != nullptr && CanEdit(*widget, act);
 }
 
-// Text fields know the act by name; a list can give its selected rows to the clipboard.
-bool QtWindowHost::DoEditInFocus(EditAct act) {
-  constexpr const char* kSlots[] = {"cut", "copy", "paste", "del", "selectAll"};
-  QWidget* focus = QApplication::focusWidget();
-  if (focus == nullptr) return false;
-  if (auto* view = qobject_cast<QAbstractItemView*>(focus); view != nullptr) {
-    if (act == EditAct::Copy) CopyRows(*view);
-    if (act == EditAct::SelectAll) view->selectAll();
-    return act == EditAct::Copy || act == EditAct::SelectAll;
-  }
-  if (act == EditAct::Delete) {
-    if (auto* editor = qobject_cast<QPlainTextEdit*>(focus)) {
-      if (!editor->isReadOnly()) editor->textCursor().removeSelectedText();
-      return true;
-    }
-    auto* line = qobject_cast<QLineEdit*>(focus);
-    if (line == nullptr) return false;
-    if (!line->isReadOnly()) line->del();
-    return true;
-  }
-  return CanEditInFocus(act) && QMetaObject::invokeMethod(focus, kSlots[static_cast<int>(act)]);
+void QtWindowHost::DoEditInFocus(EditAct act) {
+  if (QWidget* widget = FocusWidget()) Edit(*widget, act);
 }
 
-namespace {
-
-void Prepare(QFileDialog& dialog, const FileQuestion& question) {
+// Qt has no words of its own for some of the languages.
+void QtWindowHost::Prepare(QFileDialog& dialog, const FileQuestion& question) const {
   dialog.setObjectName(QStringLiteral("FileDialog"));
   dialog.setWindowTitle(ToQt(question.caption));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDirectory(QString::fromStdString(question.folder.string()));
-  if (question.suffix.empty()) return;
-  const auto suffix = QString::fromStdString(question.suffix);
-  dialog.setDefaultSuffix(suffix);
-  dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(question.filter), suffix));
+  const std::pair<QFileDialog::DialogLabel, const Text&> labels[] = {
+      {QFileDialog::LookIn, words().folder},
+      {QFileDialog::FileName, words().fileName},
+      {QFileDialog::FileType, words().fileType},
+      {QFileDialog::Accept, words().save},
+      {QFileDialog::Reject, words().cancel}};
+  for (const auto& [label, word] : labels) dialog.setLabelText(label, ToQt(word));
+  if (!question.suffix.empty()) {
+    const auto suffix = QString::fromStdString(question.suffix);
+    dialog.setDefaultSuffix(suffix);
+    dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(ToQt(question.filter), suffix));
+  }
+  dialog.selectFile(ToQt(question.suggestedName));
+  for (auto* head : dialog.findChildren<QHeaderView*>()) {
+    for (int column = 0; column < head->count(); ++column) {
+      head->resizeSection(column,
+                          std::max(head->sectionSize(column), head->sectionSizeHint(column)));
+    }
+  }
 }
-
-std::optional<std::filesystem::path> Chosen(const QFileDialog& dialog) {
-  const auto files = dialog.selectedFiles();
-  if (files.isEmpty() || files.constFirst().isEmpty()) return std::nullopt;
-  return std::filesystem::path(files.constFirst().toStdString());
-}
-
-}  // namespace
 
 std::optional<std::filesystem::path> QtWindowHost::DoAskSaveFile(const FileQuestion& question) {
   QFileDialog dialog(Parent(Modality::Modal));
   Prepare(dialog, question);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.selectFile(ToQt(question.suggestedName));
-  return Exec(dialog) == QDialog::Accepted ? Chosen(dialog) : std::nullopt;
-}
-
-std::optional<std::filesystem::path> QtWindowHost::DoAskOpenFile(const FileQuestion& question) {
-  QFileDialog dialog(Parent(Modality::Modal));
-  Prepare(dialog, question);
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  return Exec(dialog) == QDialog::Accepted ? Chosen(dialog) : std::nullopt;
+  if (Exec(dialog) != QDialog::Accepted) return std::nullopt;
+  const auto files = dialog.selectedFiles();
+  if (files.isEmpty() || files.constFirst().isEmpty()) return std::nullopt;
+  return std::filesystem::path(files.constFirst().toStdString());
 }
 
 }  // namespace tessarin

@@ -3,6 +3,7 @@
 // The window system of the program: Qt.
 
 #include <QObject>
+#include <QPointer>
 #include <QTranslator>
 #include <memory>
 #include <vector>
@@ -12,6 +13,7 @@
 
 class QDialog;
 class QEventLoop;
+class QFileDialog;
 
 namespace tessarin {
 
@@ -41,8 +43,8 @@ class QtWindowHost : public QObject, public WindowHost {
   Answer DoMessageBox(const Text& text, MessageKind kind, MessageButtons buttons,
                       const Text& title) override;
   std::optional<std::filesystem::path> DoAskSaveFile(const FileQuestion& question) override;
-  std::optional<std::filesystem::path> DoAskOpenFile(const FileQuestion& question) override;
-  bool DoEditInFocus(EditAct act) override;
+  const Control* DoFocus() const override;
+  void DoEditInFocus(EditAct act) override;
   bool DoCanEditInFocus(EditAct act) const override;
   void WordsChanged() override;
   void DoYield() override;
@@ -68,11 +70,15 @@ class QtWindowHost : public QObject, public WindowHost {
   // The window that a new one stands before.
   QWidget* Parent(Modality modality) const;
   int Exec(QDialog& dialog);
+  void Prepare(QFileDialog& dialog, const FileQuestion& question) const;
   void NameDividers(const QWidget& top) const;
+  void FocusMoved(QWidget* now);
+  QWidget* FocusWidget() const;
 
   std::vector<Layout> layouts_;
   std::vector<std::unique_ptr<Shown>> shown_;
   QTranslator dialogWords_;
+  QPointer<QWidget> focus_;  // the last one that was no menu
   bool hasQuit_ = false;
   std::vector<QDialog*> boxes_;  // message boxes and file dialogs that stand open
 };
