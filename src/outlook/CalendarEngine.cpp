@@ -3,7 +3,7 @@
 #include "core/TextIndex.h"
 #include "outlook/CalendarSyncRows.h"
 #include "outlook/ContactMapping.h"
-#include "phonebook/ContactTexts.h"
+#include "phonebook/ContactRecord.h"
 
 namespace tessarin {
 
@@ -41,9 +41,9 @@ bool CalendarEngine::Replaces(const Side& source, const Side& destination) {
 // The placeholder of the first time takes the bracket behind it along, and puts it back.
 bool CalendarEngine::Ask(const Side& replaced, const Side& replacing) {
   Text question = language_.getTSPromptStr(text::prompt::kReplaceEvent);
-  question = Replace(question, u"###1", kParagraphBreak + Shown(replaced.subject));
+  question = Replace(question, u"###1", kParagraphBreak + OneLine(replaced.subject));
   question = Replace(question, u"###2)", replaced.time + u")" + kParagraphBreak);
-  question = Replace(question, u"###3", kParagraphBreak + Shown(replacing.subject));
+  question = Replace(question, u"###3", kParagraphBreak + OneLine(replacing.subject));
   question = Replace(question, u"###4", replacing.time);
   return host_.MessageBox(question, MessageKind::Question, MessageButtons::OkCancel) == Answer::Ok;
 }

@@ -1,7 +1,7 @@
 #include "outlook/CalendarSyncRows.h"
 
 #include "core/TextIndex.h"
-#include "phonebook/ContactTexts.h"
+#include "phonebook/ContactRecord.h"
 
 namespace tessarin {
 
@@ -46,7 +46,7 @@ std::vector<ListRow> AppointRows(const clsT610AppointList& list) {
     ListRow row;
     row.key = std::string(kItem) + ToUtf8(entry->GetData(A::kMobileId));
     for (const Column& column : kColumns) {
-      row.cells.push_back(Shown(entry->GetData(column.field)));
+      row.cells.push_back(OneLine(entry->GetData(column.field)));
     }
     rows.push_back(std::move(row));
   }

@@ -4,7 +4,7 @@
 
 #include "core/TextIndex.h"
 #include "outlook/ContactMapping.h"
-#include "phonebook/ContactTexts.h"
+#include "phonebook/ContactRecord.h"
 
 namespace tessarin {
 
@@ -111,7 +111,7 @@ std::vector<ListRow> ContactRows(const clsT610ContactList& list, const Language&
     row.key = "Item-" + std::to_string(position) + "-" + ToUtf8(mobileId);
     row.cells.push_back(MemoryName(mobileId, language));
     for (const ColumnRow& column : kColumns) {
-      row.cells.push_back(Shown(contact.GetData(column.field)));
+      row.cells.push_back(OneLine(contact.GetData(column.field)));
     }
     row.cells.push_back(contact.GetData(clsT610Contact::kModified));
     rows.push_back(std::move(row));
@@ -146,7 +146,7 @@ Text MobileIdInKey(const std::string& key) { return FromUtf8(KeyPart(key, 2)); }
 Text FactsOf(const clsT610Contact& contact, const Language& language) {
   std::array<Text, 6> values;
   for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = Shown(contact.GetData(clsT610Contact::kName + static_cast<int>(i)));
+    values[i] = OneLine(contact.GetData(clsT610Contact::kName + static_cast<int>(i)));
   }
   return Facts(values, contact.GetData(clsT610Contact::kModified), language);
 }
