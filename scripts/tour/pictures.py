@@ -128,14 +128,12 @@ class Photographer(User):
         self._wait_until_gone("dialog", title)
 
     def _choose_for_first_row(self, rows, entry):
-        """Also when its menu is closed again, an entry can be pressed: nothing stands before what it
-        opens then."""
-        x, y, width, height = self._wait("tree", self._words[rows]).find("tree item", bool).area
-        screen.click(self._bus, screen.RIGHT, x + width // 2, y + height // 2)
-        chosen = self._wait("menu item", self._words[entry])
-        screen.press_key(self._bus, screen.ESCAPE)
-        self._wait_until_gone("menu item", self._words[entry])
-        chosen.act("Press")
+        """An entry can be pressed without its menu being open: nothing stands before what it opens."""
+        self._wait("tree", self._words[rows]).find("tree item", bool).act("Toggle")
+        menus = self._wait("menu bar", self._words["kNameMainMenu"]).children
+        entries = [each for menu in menus for below in menu.children for each in below.children]
+        wanted = self._words[entry]
+        next(each for each in entries if each.name == wanted and each.enabled).act("Press")
 
     def _take(self, name, window):
         """The window in its frame, in few colours."""

@@ -14,7 +14,6 @@ COMPONENT = "org.a11y.atspi.Component"
 KEYS = ("org.a11y.atspi.Registry", "/org/a11y/atspi/registry/deviceeventcontroller",
         "org.a11y.atspi.DeviceEventController")
 ESCAPE = 0xFF1B  # the key's symbol
-RIGHT = 3  # the mouse button's number
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 NULL_PATH = "/org/a11y/atspi/null"
 # Bits of the state.
@@ -22,7 +21,6 @@ ENABLED = 8
 SELECTED = 23
 SHOWING = 25  # on the screen
 SCREEN_COORDINATES = 0
-NOWHERE = (1500, 1000)
 CALL_LIMIT = 20_000  # milliseconds
 
 
@@ -151,12 +149,6 @@ def drag(bus, start, end):
                          (end, "b1r")]:
         ask(bus, *KEYS, "GenerateMouseEvent", GLib.Variant("(iis)", (*place, event)))
         time.sleep(0.1)  # Qt and the window manager look at the way, not only at its end
-
-
-def click(bus, button, x, y):
-    """With the mouse, which goes back to where it can point at nothing of interest."""
-    for what, at in ((f"b{button}c", (x, y)), ("abs", NOWHERE)):
-        ask(bus, *KEYS, "GenerateMouseEvent", GLib.Variant("(iis)", (*at, what)))
 
 
 def program(bus, process):

@@ -7,6 +7,7 @@
 #include "calendar/MonthSheet.h"
 #include "calendar/clsT610Appoint.h"
 #include "codecs/Faults.h"
+#include "core/PageTable.h"
 #include "core/TextIndex.h"
 
 namespace tessarin {
@@ -101,7 +102,9 @@ void CalendarViews::ShowFrame(CalendarView view) {
   navigator_.Enable(view != CalendarView::All, view == CalendarView::Day);
 }
 
+// The job that reads the calendar may run when another page is in front already.
 void CalendarViews::ShowCount(std::size_t entries) {
+  if (session_.panelInFront() != kCalendarPanel) return;
   const Text count = ToText(static_cast<long long>(entries));
   session_.StatusBar1.SetText(panel::kCount,
                               session_.language().Filled(words::kStatusEntries, {count}));

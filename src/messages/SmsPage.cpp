@@ -181,8 +181,10 @@ void SmsPage::FillList() {
   list.emptyText = stat < 0 ? Text() : language.getTSInterfaceStr(words::kFolderEmpty);
   list.sortColumn = -1;
   list.Fill(std::move(rows));
-  session_.StatusBar1.SetText(panel::kCount,
-                              language.Filled(words::kStatusMessages, {ToText(list.Count())}));
+  if (session_.panelInFront() == panel()) {  // another page may be by now
+    session_.StatusBar1.SetText(panel::kCount,
+                                language.Filled(words::kStatusMessages, {ToText(list.Count())}));
+  }
   ShowNothing();
 }
 

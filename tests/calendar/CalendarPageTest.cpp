@@ -57,6 +57,16 @@ TEST_F(CalendarPageTest, ShowsAllEventsInTheOrderOfThePhone) {
   EXPECT_EQ(Row(all, 1), "15/05/2004|09:00:00||Reise|Zahnärztin|");
 }
 
+TEST_F(CalendarPageTest, CountsItsEntriesOnlyInFront) {
+  FillSample();
+  Open();
+  Press("Refresh");
+  session.ShowStartPanel();
+  Tick(session.Timer1);
+  EXPECT_EQ(all.Rows(), 4);
+  EXPECT_EQ(PanelText(panel::kCount), u"");
+}
+
 TEST_F(CalendarPageTest, TicksDecideWhatCanBeDone) {
   FillSample();
   Open();

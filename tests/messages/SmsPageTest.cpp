@@ -45,6 +45,17 @@ TEST_F(SmsPageTest, ReadsBothStoresIntoItsFolders) {
   EXPECT_TRUE(host.boxes.empty());
 }
 
+TEST_F(SmsPageTest, CountsItsMessagesOnlyInFront) {
+  FillStores();
+  OpenPage();
+  EXPECT_EQ(session.StatusBar1.Panel(panel::kCount).text, u"Messages: 1");
+  host.RunEvent([this] { session.Toolbar1.clicked("Refresh"); });
+  session.ShowStartPanel();
+  Tick(session.Timer1);
+  EXPECT_EQ(Keys(), "SIM0 ");
+  EXPECT_EQ(session.StatusBar1.Panel(panel::kCount).text, u"");
+}
+
 TEST_F(SmsPageTest, ShowsARowAndOffersWhatCanBeDoneWithIt) {
   FillStores();
   OpenPage();
