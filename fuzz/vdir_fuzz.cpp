@@ -26,10 +26,12 @@ std::string Rest(const std::string& bytes, const std::set<std::string>& names) {
 // How many of the lines are not there any more, whatever their order. Labels go with what they
 // label.
 std::size_t Missing(const std::string& before, const std::string& after) {
+  const auto old = ContentLines::Read(before), now = ContentLines::Read(after);
+  Require(old && now);
   std::multiset<std::string> left;
-  for (const ContentLine& line : ContentLines::Read(after)->lines()) left.insert(line.raw);
+  for (const ContentLine& line : now->lines()) left.insert(line.raw);
   std::size_t missing = 0;
-  for (const ContentLine& line : ContentLines::Read(before)->lines()) {
+  for (const ContentLine& line : old->lines()) {
     const auto found = left.find(line.raw);
     if (found != left.end()) {
       left.erase(found);

@@ -60,11 +60,11 @@ class InteropTest : public testing::Test {
     }
     return nullptr;
   }
-  const AppointmentFields* FindEvent(const Text& subject) {
-    events_ = Load(kCalendarFolder);
-    for (int i = 1; i <= events_->Count(); ++i) {
-      const auto event = std::dynamic_pointer_cast<AppointmentItem>(events_->Item(i));
-      if (event != nullptr && event->Get().Subject == subject) return &event->Get();
+  std::shared_ptr<AppointmentItem> FindEvent(const Text& subject) {
+    const auto items = Load(kCalendarFolder);
+    for (int i = 1; i <= items->Count(); ++i) {
+      auto event = std::dynamic_pointer_cast<AppointmentItem>(items->Item(i));
+      if (event != nullptr && event->Get().Subject == subject) return event;
     }
     return nullptr;
   }
@@ -94,9 +94,6 @@ class InteropTest : public testing::Test {
   modFile files{folder.Path() / "app", folder.Path()};
   StandingClock clock;
   VdirOutlook store{files, clock, [](const Text& names) { ADD_FAILURE() << ToUtf8(names); }};
-
- private:
-  std::shared_ptr<ItemCollection> events_;
 };
 
 TEST_F(InteropTest, AnAddressBookProgramReadsOurContactsAndWeReadIts) {
@@ -110,6 +107,12 @@ TEST_F(InteropTest, AnAddressBookProgramReadsOurContactsAndWeReadIts) {
                "Address :\n    home :\n        Street : Street 1\n        City : Town\n"
                "Webpage : http://bo.example.org\n");
   WriteContact(u"Anna Öberg", u"+49 170 1");
+  // A SIM may hold numbers without names.
+  const auto nameless =
+      std::dynamic_pointer_cast<ContactItem>(store.Shared().CreateItem(kContactType));
+  nameless->Set(P::MobileTelephoneNumber, u"4712");
+  nameless->Save();
+  EXPECT_NE(Run("khard -c khard.conf phone").find("4712"), std::string::npos);
   const std::string shown = Run("khard -c khard.conf show --format yaml Anna");
   for (const char* part : {"Formatted name: Anna Öberg", "Last name: Öberg", "CELL: +49 170 1",
                            "FAX", "0999", "Berg, Söhne", "City: Köln; Nord"}) {
@@ -146,17 +149,29 @@ TEST_F(InteropTest, ACalendarProgramReadsOurEventsAndWeReadIts) {
       << shown;
   Run("khal -c khal.conf new --alarms 20m --location Here 17/06/2004 10:00 11:30 Meeting");
   Run("khal -c khal.conf new 18/06/2004 19/06/2004 Holiday");
-  const AppointmentFields* meeting = FindEvent(u"Meeting");
-  ASSERT_NE(meeting, nullptr);
-  EXPECT_EQ(modDate::FormatDateText(meeting->Start), u"17/06/2004 10:00:00");
-  EXPECT_EQ(modDate::FormatDateText(meeting->End), u"17/06/2004 11:30:00");
-  EXPECT_EQ(meeting->Location, u"Here");
-  EXPECT_TRUE(meeting->ReminderSet);
-  EXPECT_EQ(meeting->ReminderMinutesBeforeStart, 20);
-  const AppointmentFields* holiday = FindEvent(u"Holiday");
-  ASSERT_NE(holiday, nullptr);
-  EXPECT_EQ(modDate::FormatDateText(holiday->Start), u"18/06/2004 00:00:00");
-  EXPECT_EQ(modDate::FormatDateText(holiday->End), u"20/06/2004 00:00:00");
+  const auto item = FindEvent(u"Meeting");
+  ASSERT_NE(item, nullptr);
+  const AppointmentFields& meeting = item->Get();
+  EXPECT_EQ(modDate::FormatDateText(meeting.Start), u"17/06/2004 10:00:00");
+  EXPECT_EQ(modDate::FormatDateText(meeting.End), u"17/06/2004 11:30:00");
+  EXPECT_EQ(meeting.Location, u"Here");
+  EXPECT_TRUE(meeting.ReminderSet);
+  EXPECT_EQ(meeting.ReminderMinutesBeforeStart, 20);
+  const auto day = FindEvent(u"Holiday");
+  ASSERT_NE(day, nullptr);
+  EXPECT_EQ(modDate::FormatDateText(day->Get().Start), u"18/06/2004 00:00:00");
+  EXPECT_EQ(modDate::FormatDateText(day->Get().End), u"20/06/2004 00:00:00");
+  // What we move, a whole day too, stands there.
+  item->SetStart(modDate::ParseDateText(u"21/06/2004 08:00:00"));
+  item->Save();
+  day->SetStart(modDate::ParseDateText(u"22/06/2004"));
+  day->Save();
+  const std::string moved =
+      Run("khal -c khal.conf list --format '{start-long-full}|{end-long-full}|{title}' "
+          "21/06/2004 3d");
+  for (const char* part : {"21/06/2004 08:00|21/06/2004 09:30|Meeting", "Holiday"}) {
+    EXPECT_NE(moved.find(part), std::string::npos) << moved;
+  }
 }
 
 // A server for an account, on a port of the loopback device that nobody else has.
