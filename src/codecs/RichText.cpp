@@ -58,12 +58,6 @@ void RichText::Append(TextView text, const Style& style) {
   }
 }
 
-Text RichText::PlainText() const {
-  Text text;
-  for (const Run& run : runs_) text += run.text;
-  return text;
-}
-
 std::string RichText::Document() const {
   const auto fonts = Fonts(runs_);
   std::string document = "{\\rtf1\\ansi\\deff0{\\fonttbl";

@@ -31,8 +31,6 @@ class RichText {
   void Clear() { runs_.clear(); }
 
   const std::vector<Run>& Runs() const { return runs_; }
-  // The text alone, of all runs.
-  Text PlainText() const;
 
   // The whole document, in ASCII: any other unit goes out as \uN with a "?" for readers that know
   // no Unicode. Control characters other than tab and line end are left out.

@@ -181,14 +181,20 @@ void PhonebookPage::RefreshPhonebook() {
   const char16_t kind = Kind();
   if (kind != 0) {
     const bool onSim = kind == PhoneMemories::kSim;
-    session_.lvwPhonePhonebook.Clear();
-    SelectionChanged();
-    busyWindow_.PhoneToPc(
-        onSim ? worker::kSIMPhonebookLoading : worker::kPMPhonebookLoading,
-        session_.language().getTSInterfaceStr(onSim ? words::kWorkSim : words::kWorkPhoneMemory));
+    const Text& what =
+        session_.language().getTSInterfaceStr(onSim ? words::kWorkSim : words::kWorkPhoneMemory);
+    EmptyList(what);
+    busyWindow_.PhoneToPc(onSim ? worker::kSIMPhonebookLoading : worker::kPMPhonebookLoading, what);
     busyWindow_.Work();
   }
   session_.SetCommandIdle();
+}
+
+void PhonebookPage::EmptyList(const Text& meanwhile) {
+  session_.lvwPhonePhonebook.emptyText = meanwhile;
+  session_.lvwPhonePhonebook.Clear();
+  ShowContactDetails();
+  session_.UpdateActions();
 }
 
 void PhonebookPage::SetLoading(bool loading) {
@@ -309,16 +315,22 @@ void PhonebookPage::EditSelectedContact() {
 }
 
 void PhonebookPage::DeleteSelectedContacts() {
+  auto& list = session_.lvwPhonePhonebook;
+  const Text& what = session_.language().getTSInterfaceStr(words::kWorkDeleteContacts);
+  const auto first = std::find_if(list.rows().begin(), list.rows().end(),
+                                  [](const ListRow& row) { return row.selected; });
+  const auto place = static_cast<int>(first - list.rows().begin());
   toDelete_ = SelectedPositions();
-  session_.lvwPhonePhonebook.Clear();  // its rows name positions that are about to move
-  SelectionChanged();
+  EmptyList(what);  // its rows name positions that are about to move
   allDeleted_ = false;
-  busyWindow_.PhoneToPc(worker::kDeleteContacts,
-                        session_.language().getTSInterfaceStr(words::kWorkDeleteContacts));
+  busyWindow_.PhoneToPc(worker::kDeleteContacts, what);
   busyWindow_.Work();
+  ShowAgain();
+  // What follows the first of them stays in view.
+  list.SelectByUser({}, std::min(place, list.Count() - 1));
+  list.changed();
   if (!allDeleted_) session_.ShowError(text::error::kDeleteContact);
   session_.host().MessageBox(session_.language().getTSPromptStr(text::prompt::kContactsDeleted));
-  ShowAgain();
   session_.SetCommandIdle();
 }
 

@@ -67,6 +67,8 @@ class PhonebookPage : public Page {
 
   void Load(char16_t kind);
   bool Read(char16_t kind, bar& bars);
+  // Without contacts while the phone is at work; the list says what goes on `meanwhile`.
+  void EmptyList(const Text& meanwhile);
   void SetLoading(bool loading);
   void ShowPhonebookList(char16_t kind);
   void ColumnClicked(int column);

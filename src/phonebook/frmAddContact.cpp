@@ -53,13 +53,18 @@ std::vector<frmAddContact::Row> frmAddContact::Rows() {
   return rows;
 }
 
-// The boxes that a SIM entry has no room for.
-std::vector<TextBox*> frmAddContact::BoxesOfPhone() {
-  std::vector<TextBox*> boxes;
+// What a SIM entry has no room for: boxes and their labels.
+std::vector<Control*> frmAddContact::PartsOfPhone() {
+  std::vector<Control*> parts = {&Label8, &Label2, &Label9, &Label10, &Label11, &Frame1, &Frame2};
   for (const auto& [field, box] : Rows()) {
-    if (box != &Text1 && box != &Text2[0]) boxes.push_back(box);
+    if (box != &Text1 && box != &Text2[0]) parts.push_back(box);
   }
-  return boxes;
+  for (std::size_t i = 0; i < 5; ++i) {
+    if (i > 0) parts.push_back(&NumberLabels[i]);
+    parts.push_back(&HomeLabels[i]);
+    parts.push_back(&WorkLabels[i]);
+  }
+  return parts;
 }
 
 void frmAddContact::OpenNew(char16_t kind) {
@@ -124,7 +129,7 @@ void frmAddContact::FillStreets() {
 void frmAddContact::ChooseMemory(bool onSim) {
   Option1.checked = onSim;
   Option2.checked = !onSim;
-  for (TextBox* box : BoxesOfPhone()) box->enabled = !onSim;
+  for (Control* part : PartsOfPhone()) part->enabled = !onSim;
   SetWidths(onSim);
 }
 

@@ -90,7 +90,7 @@ class frmAddContact : public Window {
   using Row = std::pair<int, TextBox*>;  // a contact's field and its box
 
   std::vector<Row> Rows();
-  std::vector<TextBox*> BoxesOfPhone();
+  std::vector<Control*> PartsOfPhone();
   void Prepare(int captionIndex, char16_t kind, bool choice);
   void Fill(const clsT610Contact* contact);
   void FillStreets();

@@ -209,97 +209,119 @@ INSTANTIATE_TEST_SUITE_P(Phonebook, LosingTheLine,
                          [](const auto& instance) { return instance.param.name; });
 
 // A whole afternoon with both memories, and the next start shows what was left.
-TEST_F(PhonebookTest, WorksOnBothMemoriesAndFindsEverythingAgain) {
-  using phonesim::Fields;
-  std::vector<Fields> cards;
-  for (const char* name : {"a", "b", "c", "d", "e", "f"}) cards.push_back({{"given", name}});
-  cards[0] = {{"given", "a"},      {"home", "1"},
-              {"work", "2"},       {"cell", "3"},
-              {"fax", "4"},        {"other", "5"},
-              {"email1", "1@x"},   {"email2", "2@x"},
-              {"email3", "3@x"},   {"org", "Å"},
-              {"url", "http://x"}, {"home.street", "字"},
-              {"home.zip", "0H"},  {"work.street", "汉字"},
-              {"work.city", "W"}};
-  AtThePhone([&](Books& books) { books.contacts.Fill(cards); });
-  Behave([](phonesim::Behaviour& b) { b.sim.last = 5; });
+class AnAfternoon : public PhonebookTest {
+ protected:
+  using Fields = phonesim::Fields;
+
+  AnAfternoon() {
+    for (const char* name : {"a", "b", "c", "d", "e", "f"}) cards_.push_back({{"given", name}});
+    cards_[0] = {{"given", "a"},      {"home", "1"},
+                 {"work", "2"},       {"cell", "3"},
+                 {"fax", "4"},        {"other", "5"},
+                 {"email1", "1@x"},   {"email2", "2@x"},
+                 {"email3", "3@x"},   {"org", "Å"},
+                 {"url", "http://x"}, {"home.street", "字"},
+                 {"home.zip", "0H"},  {"work.street", "汉字"},
+                 {"work.city", "W"}};
+    AtThePhone([&](Books& books) { books.contacts.Fill(cards_); });
+    Behave([](phonesim::Behaviour& b) { b.sim.last = 5; });
+  }
+  Text Prompt(int index) const { return session.language().getTSPromptStr(index); }
+
+  void DeleteTwo() {
+    Select({1, 4});
+    ASSERT_TRUE(Do("Delete"));
+    EXPECT_EQ(Shown(), (Names{u"a", u"c", u"d", u"f"}));
+    EXPECT_EQ(SaidLast(), Prompt(text::prompt::kContactsDeleted));
+  }
+  void ChangeOneAndAddOne() {
+    Select({0});
+    WhenEdited([](frmAddContact& editor) { editor.Text2[3].text = u"44"; });
+    ASSERT_TRUE(Do("Edit"));
+    cards_[0]["fax"] = "44";
+    WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"王"; });
+    ASSERT_TRUE(Do("New"));
+    AtThePhone([&](Books& books) {
+      ASSERT_EQ(books.contacts.Entries().size(), 5u);
+      EXPECT_EQ(books.contacts.Entries()[0].fields, cards_[0]);
+      EXPECT_EQ(books.contacts.Entries()[4].fields, (Fields{{"given", "王"}}));
+    });
+  }
+  // Two dialogs stand open at once; the SIM has three free places.
+  void CopyTwice() {
+    std::vector<frmCopyToSIM*> dialogs;
+    host.WhenShown("frmCopyToSIM", [&dialogs](Window& window) {
+      dialogs.push_back(static_cast<frmCopyToSIM*>(&window));
+      dialogs.back()->List1.Select(4);
+    });
+    Select({0});
+    for (int i = 0; i < 2; ++i) {
+      host.RunEvent([this] { session.MainMenu.clicked("copy_Phone_to_SIM"); });
+    }
+    ASSERT_EQ(dialogs.size(), 2u);
+    for (frmCopyToSIM* dialog : {dialogs[1], dialogs[0]}) {
+      EXPECT_TRUE(Does([&] { ScriptedHost::Press(*dialog, "Command1"); }));
+      EXPECT_EQ(SaidLast(), Prompt(text::prompt::kCopiedToSim));
+    }
+  }
+  void AddToSim(const Text& name) {
+    WhenEdited([name](frmAddContact& editor) {
+      editor.Text1.text = name;
+      editor.Text2[0].text = u"0";
+    });
+    ASSERT_TRUE(Do("New"));
+  }
+  void FillTheSim() {
+    ASSERT_TRUE(Click(u"SM"));
+    Select({3});
+    WhenEdited([](frmAddContact& editor) { editor.Text2[0].text = u"#2"; });
+    ASSERT_TRUE(Do("Edit"));
+    AddToSim(u"last");
+    host.whileBoxStands = [this] {
+      ScriptedHost::Press(program.phonebookPage().editor(), "Command2");
+    };
+    AddToSim(u"too many");
+    host.whileBoxStands = nullptr;
+    EXPECT_EQ(SaidLast(), session.language().getTSErrStr(text::error::kWriteContact));
+  }
+  Names NamesAtTheNextStart() {
+    ScriptedHost second;
+    second.WhenShown("Asking", [](Window& asking) { ScriptedHost::Press(asking, "Command1"); });
+    Program again{second,
+                  {folder.Path() / "app", TESSARIN_SHARE, folder.Path() / "registry.ini",
+                   folder.Path() / "no-devices"}};
+    again.session().Timer2.interval = 1;
+    again.Start();
+    Names names;
+    if (second.RunUntil([&] { return again.session().statusPhase == kPhonePresent; })) {
+      for (const auto& contact : *again.phonebookLists().phoneContacts) {
+        names.push_back(OneLine(contact->GetData(Contact::kName)));
+      }
+    }
+    second.RequestEnd();
+    return names;
+  }
+
+ private:
+  std::vector<Fields> cards_;
+};
+
+TEST_F(AnAfternoon, IsFoundAgainAtTheNextStart) {
   ASSERT_TRUE(ReadsBothMemories());
-
-  Select({1, 4});
-  ASSERT_TRUE(Do("Delete"));
-  EXPECT_EQ(Shown(), (Names{u"a", u"c", u"d", u"f"}));
-  EXPECT_EQ(SaidLast(), session.language().getTSPromptStr(text::prompt::kContactsDeleted));
-
-  Select({0});
-  WhenEdited([](frmAddContact& editor) { editor.Text2[3].text = u"44"; });
-  ASSERT_TRUE(Do("Edit"));
-  cards[0]["fax"] = "44";
-  WhenEdited([](frmAddContact& editor) { editor.Text1.text = u"王"; });
-  ASSERT_TRUE(Do("New"));
-  AtThePhone([&](Books& books) {
-    ASSERT_EQ(books.contacts.Entries().size(), 5u);
-    EXPECT_EQ(books.contacts.Entries()[0].fields, cards[0]);
-    EXPECT_EQ(books.contacts.Entries()[4].fields, (Fields{{"given", "王"}}));
+  DeleteTwo();
+  ChangeOneAndAddOne();
+  CopyTwice();
+  FillTheSim();
+  AtThePhone([](Books& books) {
+    EXPECT_EQ(books.sim.All(), (phonesim::SimBook::Entries{{1, {"Anna", "+4917604069100"}},
+                                                           {2, {"a", "5"}},
+                                                           {3, {"a", "5"}},
+                                                           {4, {"Žofie", "#2"}},
+                                                           {5, {"last", "0"}}}));
   });
-
-  // The dialogs of two contacts, each with a number for the SIM, which has three free places.
-  std::vector<frmCopyToSIM*> dialogs;
-  host.WhenShown("frmCopyToSIM", [&dialogs](Window& window) {
-    auto& dialog = static_cast<frmCopyToSIM&>(window);
-    dialogs.push_back(&dialog);
-    if (dialog.List1.Count() > 4) dialog.List1.Select(4);
-  });
-  Select({0});
-  const auto copy = [this] { session.MainMenu.clicked("copy_Phone_to_SIM"); };
-  host.RunEvent(copy);
-  host.RunEvent(copy);
-  ASSERT_EQ(dialogs.size(), 2u);
-  for (frmCopyToSIM* dialog : {dialogs[1], dialogs[0]}) {
-    EXPECT_TRUE(Does([&] { ScriptedHost::Press(*dialog, "Command1"); }));
-    EXPECT_EQ(SaidLast(), session.language().getTSPromptStr(text::prompt::kCopiedToSim));
-  }
-
-  ASSERT_TRUE(Click(u"SM"));
-  Select({3});
-  WhenEdited([](frmAddContact& editor) { editor.Text2[0].text = u"#2"; });
-  ASSERT_TRUE(Do("Edit"));
-  WhenEdited([](frmAddContact& editor) {
-    editor.Text1.text = u"last";
-    editor.Text2[0].text = u"0";
-  });
-  ASSERT_TRUE(Do("New"));
-  WhenEdited([](frmAddContact& editor) {
-    editor.Text1.text = u"too many";
-    editor.Text2[0].text = u"0";
-  });
-  host.whileBoxStands = [this] {
-    ScriptedHost::Press(program.phonebookPage().editor(), "Command2");
-  };
-  ASSERT_TRUE(Do("New"));
-  host.whileBoxStands = nullptr;
-  EXPECT_EQ(SaidLast(), session.language().getTSErrStr(text::error::kWriteContact));
-  const phonesim::SimBook::Entries sim = {{1, {"Anna", "+4917604069100"}},
-                                          {2, {"a", "5"}},
-                                          {3, {"a", "5"}},
-                                          {4, {"Žofie", "#2"}},
-                                          {5, {"last", "0"}}};
-  AtThePhone([&](Books& books) { EXPECT_EQ(books.sim.All(), sim); });
   host.RequestEnd();
-
-  ScriptedHost second;
-  second.WhenShown("Asking", [](Window& asking) { ScriptedHost::Press(asking, "Command1"); });
-  Program again{second,
-                {folder.Path() / "app", TESSARIN_SHARE, folder.Path() / "registry.ini",
-                 folder.Path() / "no-devices"}};
-  again.session().Timer2.interval = 1;
-  again.Start();
-  ASSERT_TRUE(second.RunUntil([&] { return again.session().statusPhase == kPhonePresent; }));
-  Names names;
-  for (const auto& contact : *again.phonebookLists().phoneContacts) {
-    names.push_back(OneLine(contact->GetData(Contact::kName)));
-  }
-  EXPECT_EQ(names, (Names{u"Anna", u"a", u"a", u"Žofie", u"last", u"a", u"c", u"d", u"f", u"王"}));
-  second.RequestEnd();
+  EXPECT_EQ(NamesAtTheNextStart(),
+            (Names{u"Anna", u"a", u"a", u"Žofie", u"last", u"a", u"c", u"d", u"f", u"王"}));
 }
 
 }  // namespace

@@ -229,10 +229,11 @@ TEST_F(SmsPageTest, SavesWhatIsSelectedAsOneDocument) {
   EXPECT_EQ(host.questions[1].caption, Word(words::kSaveTitle));
   EXPECT_EQ(host.questions[1].folder, session.smsFolder);
   const Text head = u"Date:\t15/06/2004 13:05:18\r\nFrom/To:\t1234\r\n\r\nText:\r\n";
-  EXPECT_EQ(page.rtbSMSBuffer().PlainText(), head + u"c\r\n\r\n\r\n" + head + u"xyz\r\n\r\n\r\n");
   const RichText::Style style = {u"Times New Roman", 12, true};
   ASSERT_EQ(page.rtbSMSBuffer().Runs().size(), 1u);
   EXPECT_EQ(page.rtbSMSBuffer().Runs()[0].style, style);
+  EXPECT_EQ(page.rtbSMSBuffer().Runs()[0].text,
+            head + u"c\r\n\r\n\r\n" + head + u"xyz\r\n\r\n\r\n");
   EXPECT_EQ(folder.Read("messages"), page.rtbSMSBuffer().Document());
   EXPECT_TRUE(host.boxes.empty());
 
