@@ -168,7 +168,7 @@ TEST_F(MessageTest, TakesUcs2ThatEndsBeforeItsLengthWhenToldTo) {
   EXPECT_EQ(Sent(), "12345|\u041F\u0440|1\n");
   EXPECT_EQ(Submit("00110005812143F50000FF0531"), Cms(304)) << "septets never";
   EXPECT_EQ(Submit("00110005812143F50008FF05041F0440"), Cms(304)) << "half a character";
-  EXPECT_EQ(Submit(15, shorter), Cms(304)) << "the length announced holds";
+  EXPECT_EQ(Submit(17, shorter), Cms(304)) << "the length announced holds";
   reports.Clear();
   settings.With([](Behaviour& b) { b.messages.takesShortUcs2 = false; });
   EXPECT_EQ(Submit(shorter), Cms(304));
