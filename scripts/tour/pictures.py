@@ -54,9 +54,13 @@ SHOTS = (
     Shot("phonebook-sync", "phonebook", ("kActionSync",), "kPhonebookSyncTitle"),
     Shot("copy-to-sim", "phonebook", ("kCopyPhoneToSim",), "kCopyToSimTitle", "kNameContacts"),
 )
-IN_THE_DARK = ("start", "files", "messages", "calendar", "phonebook", "help")
-# The day of the pictures, and a battery that stands still.
-TODAY = "@2004-06-15 10:00:00"
+# A page's further views: the picture's name, the page's panel, the word of the view's button.
+VIEWS = (("calendar-month", "calendar", "kViewNames + 1"),
+         ("calendar-day", "calendar", "kViewNames + 2"))
+IN_THE_DARK = ("start", "files", "messages", "composer", "calendar", "calendar-month", "calendar-day",
+               "event-editor", "phonebook", "contact-editor", "phonebook-sync", "help")
+# The day of the pictures, on which the phone has entries, and a battery that stands still.
+TODAY = "@2004-06-11 10:00:00"
 STEADY = ("--battery", "100")
 # Large, with the pointer in its middle: windows in the upper left corner are not pointed at.
 SCREEN = "2120x1480x24"
@@ -104,6 +108,10 @@ class Photographer(User):
                 self._press(self._words[PAGES[PANELS.index(panel) - 1][0]])
                 self._wait_for_the_work()
             self._take(panel, window)
+            for name, of_panel, word in VIEWS:
+                if of_panel == panel and name in self._wanted:
+                    self._wait("check box", self._words[word]).act("Toggle")
+                    self._take(name, window)
             for shot in SHOTS:
                 if shot.panel == panel and shot.name in self._wanted:
                     self._take_further(shot)
@@ -151,7 +159,11 @@ class Photographer(User):
 
 
 def every_name():
-    return PANELS + tuple(shot.name for shot in SHOTS)
+    """The pages, each with its further views behind it, and then the other windows."""
+    names = []
+    for panel in PANELS:
+        names += [panel] + [name for name, of_panel, _ in VIEWS if of_panel == panel]
+    return tuple(names) + tuple(shot.name for shot in SHOTS)
 
 
 def heading(name, words):
@@ -159,6 +171,9 @@ def heading(name, words):
         return words["kNameStartPanel"]
     if name in PANELS:
         return words[PAGES[PANELS.index(name) - 1][0]]
+    for view, panel, word in VIEWS:
+        if view == name:
+            return f"{heading(panel, words)}: {words[word]}"
     return next(words[shot.title] for shot in SHOTS if shot.name == name)
 
 

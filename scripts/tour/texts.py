@@ -27,7 +27,9 @@ class Texts:
         self._words = {int(index): text.replace("\\n", "\n") for index, text in rows}
 
     def __getitem__(self, name):
-        return self._words[self._index[name]]
+        """The word of that name; "kViewNames + 1" is the one behind it."""
+        first, _, further = name.partition(" + ")
+        return self._words[self._index[first] + int(further or 0)]
 
     def all(self):
         """Every word of the interface."""
