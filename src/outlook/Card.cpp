@@ -130,6 +130,7 @@ Text Card::EmailIn(std::size_t line) const {
 void Card::Apply(const ContactChanges& changes) {
   ContactTexts wanted = texts_;
   for (const auto& [property, text] : changes) {
+    if (text == TextOf(property)) continue;
     wanted[static_cast<std::size_t>(property)] = UnescapeText(EscapeText(InOneLine(text)));
   }
   const auto text = [&wanted](P property) -> const Text& {
