@@ -148,11 +148,12 @@ class Photographer(User):
         if name not in self._wanted:
             return
         file = OUT / f"{name}-{self._suffix}.png"
+        picture = still(0.5)
         x, y, width, height = window.area
         left, top, right, bottom = self._border
         crop = f"{left + width + right}x{top + height + bottom}+{x - left}+{y - top}"
         subprocess.run(["convert", "ppm:-", "-crop", crop, "+repage", "-strip", str(file)],
-                       input=still(0.5), check=True)
+                       input=picture, check=True)
         subprocess.run(["pngquant", "--force", "--nofs", "--speed", "1", "--strip", "--ext", ".png",
                         "256", str(file)], check=True)
         print(f"  {file.name}", flush=True)

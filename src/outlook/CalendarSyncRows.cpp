@@ -19,7 +19,7 @@ struct Column {
 };
 
 constexpr Column kColumns[] = {
-    {words::kCalendarSyncCategory, 67, A::kCategory},
+    {words::kCalendarSyncCategory, 120, A::kCategory},
     {words::kCalendarSyncSubject, 150, A::kSubject},
     {words::kCalendarSyncLocation, 110, A::kLocation},
     {words::kCalendarSyncStart, 130, A::kStart},

@@ -140,6 +140,10 @@ TEST_F(GridBindingTest, OneOfTheButtonsIsPressed) {
   sample.views.Select(2);
   EXPECT_TRUE(buttons[2]->isChecked());
   EXPECT_EQ(clicks, 1) << "the logic's own choice is no click";
+  auto* told = QAccessible::queryAccessibleInterface(buttons[0]);
+  told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(sample.views.Selected(), 0) << "as a screen reader does";
+  EXPECT_EQ(clicks, 2);
   const auto arrows = Get<QWidget>("arrows").findChildren<QAbstractButton*>();
   int stepped = 0;
   sample.arrows.stepped.Always([&](int step) { stepped = stepped * 10 + step; });

@@ -73,12 +73,15 @@ QWidget* Binder::BindAsButtons(ComboBox& box) {
       group->addButton(button, static_cast<int>(group->buttons().size()));
       row->addWidget(button);
     }
+    const QSignalBlocker quiet(group);
     for (int index = 0; index < box.Count(); ++index) {
       group->button(index)->setText(ToQt(box.Item(index)));
       group->button(index)->setChecked(index == box.Selected());
     }
   });
-  connect(group, &QButtonGroup::idClicked, this, [this, &box](int index) {
+  // A screen reader toggles without a click.
+  connect(group, &QButtonGroup::idToggled, this, [this, &box](int index, bool checked) {
+    if (!checked) return;
     Act(box, [&] {
       box.Select(index);
       box.clicked();
