@@ -30,7 +30,12 @@ void CheckReplies(TextView reply) {
   static_cast<void>(messages.SelectMessageStore(u"\"SM\"", used, total));
   Require(used >= 0 && total >= 0);
   std::vector<SMSMessage> records;
-  Require(messages.ReadAllMessages(used, 20, records) && records.size() <= 20);
+  // A reply of another command ends the reading; what was read keeps its place.
+  static_cast<void>(messages.ReadAllMessages(used, 20, records));
+  Require(records.size() <= 20);
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    Require(records[i].location >= static_cast<int>(i) + 1 && records[i].location <= 20);
+  }
 }
 
 // The parts as the phone would store them once they were sent.
