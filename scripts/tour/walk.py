@@ -10,7 +10,7 @@ from stage import grab
 from user import BATTERY_PANEL, LIMIT, User
 
 DARK = 128  # of 255
-SLOW = "400"  # milliseconds before each answer of a slow phone, to see the windows of long work
+SLOW = "100"  # milliseconds before each answer of a slow phone, to see the windows of long work
 BATTERY_PICTURES = 3  # how many different ones must be seen while charging
 FOLDERS = ("Phone", "Sounds", "Ringtones")
 TUNE = "Ode"
